@@ -1,0 +1,23 @@
+#include "shared/library/common/FileOps.h"
+
+#include <sys/stat.h>
+
+namespace Tarvik {
+
+bool FileOps::exists(std::string path) {
+    if (path.empty()) return false;
+    if (path.back() == '/') path.pop_back();
+    FileInfoT info;
+    return getFileInfo(path, info);
+}
+
+bool FileOps::getFileInfo(const std::string& path, FileInfoT& info) {
+    // A wildcard never names one file here, even if a file of that very name exists.
+    if (path.find_first_of("?*") != std::string::npos) return false;
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return false;
+    info.size = static_cast<std::uint64_t>(status.st_size);
+    return true;
+}
+
+}  // namespace Tarvik

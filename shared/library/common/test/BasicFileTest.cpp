@@ -1,0 +1,145 @@
+#include "shared/library/common/BasicFile.h"
+
+#include "test/support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <vector>
+
+namespace Tarvik {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines readAll(BasicFile& file) {
+    Lines lines;
+    while (!file.atEof(OperationAny))
+        lines.push_back(file.readLine());
+    return lines;
+}
+
+struct LineCase {
+    const char* name;
+    std::string bytes;
+    Lines lines;
+};
+
+const auto lineCases = std::to_array<LineCase>({
+    {"no bytes are no lines", "", {}},
+    {"the last line needs no line feed", "a\nb", {"a", "b"}},
+    {"a closing line feed adds no line", "a\n\n", {"a", ""}},
+    {"carriage returns go wherever they stand", "\ra\r\nb\rc\r\r\n\r", {"a", "bc", ""}},
+    {"a line may span buffers", std::string(3000, 'x') + "\ny", {std::string(3000, 'x'), "y"}},
+    {"a line may end with the buffer",
+     std::string(1023, 'x') + "\ny",
+     {std::string(1023, 'x'), "y"}},
+    {"a zero byte is a byte", std::string("a\0b\n", 4), {std::string("a\0b", 3)}},
+});
+
+TEST(BasicFileTest, LinesAreReadWithoutTheirEnds) {
+    const tarvik_test::TempDir dir;
+    for (const LineCase& row : lineCases) {
+        BasicFile file;
+        ASSERT_TRUE(file.open(dir.write("lines", row.bytes), AccessRead)) << row.name;
+        EXPECT_EQ(readAll(file), row.lines) << row.name;
+        EXPECT_EQ(file.getLastError(), FileNoError) << row.name;
+    }
+}
+
+TEST(BasicFileTest, EachWrongUseHasItsCode) {
+    const tarvik_test::TempDir dir;
+    const std::string path = dir.write("f", "text");
+    BasicFile file;
+    EXPECT_EQ(file.getPos(OperationAny), -1);
+    EXPECT_EQ(file.getLastError(), FileNotOpen);
+    EXPECT_FALSE(file.open(path, static_cast<FileAccessMode>(7)));
+    EXPECT_EQ(file.getLastError(), FileUnknownAccessMode);
+    EXPECT_TRUE(file.open(path, AccessClosed));
+    EXPECT_TRUE(file.isClosed());
+    EXPECT_FALSE(file.open(dir.path() + "/none", AccessRead));
+    EXPECT_EQ(file.getLastError(), FileOpenFailed);
+    EXPECT_EQ(file.readLine(), "");
+    EXPECT_EQ(file.getLastError(), FileNotReadable);
+
+    ASSERT_TRUE(file.open(path, AccessRead));
+    EXPECT_FALSE(file.open(path, AccessRead));
+    EXPECT_EQ(file.getLastError(), FileAlreadyOpen);
+    EXPECT_FALSE(file.write("x"));
+    EXPECT_EQ(file.getLastError(), FileNotWriteable);
+    EXPECT_FALSE(file.seek(0, static_cast<FilePosBase>(3), OperationRead));
+    EXPECT_EQ(file.getLastError(), FileUnknownPosBase);
+    EXPECT_FALSE(file.seek(-1, FromStart, OperationRead));
+    EXPECT_EQ(file.getLastError(), FileSeekFailed);
+    file.validateLine("a\x1f");
+    EXPECT_EQ(file.getLastError(), FileControlCharacter);
+    file.validateLine("a\t\r\n\x7f");
+    EXPECT_EQ(file.getLastError(), FileNoError);
+}
+
+TEST(BasicFileTest, WhatCannotBeReadLikeAFileIsNotOpenedAndNotWaitedFor) {
+    const tarvik_test::TempDir dir;
+    const std::string fifo = dir.path() + "/fifo";
+    ASSERT_EQ(mkfifo(fifo.c_str(), S_IRUSR | S_IWUSR), 0);
+    BasicFile file;
+    EXPECT_FALSE(file.open(dir.path(), AccessRead));
+    EXPECT_FALSE(file.open(fifo, AccessRead));
+    EXPECT_FALSE(file.open(fifo, AccessWrite));
+    EXPECT_EQ(file.getLastError(), FileOpenFailed);
+    EXPECT_TRUE(file.atEof(OperationAny));
+}
+
+TEST(BasicFileTest, AFileEndsAtTheSizeItHadWhenOpened) {
+    const tarvik_test::TempDir dir;
+    BasicFile grown;
+    ASSERT_TRUE(grown.open(dir.write("grows", "a\n"), AccessRead));
+    dir.write("grows", "a\nb\n");
+    EXPECT_EQ(readAll(grown), Lines({"a"}));
+
+    const std::string path = dir.write("shrinks", std::string(5000, 'x') + "\n");
+    BasicFile shrunk;
+    ASSERT_TRUE(shrunk.open(path, AccessRead));
+    ASSERT_EQ(truncate(path.c_str(), 0), 0);
+    EXPECT_EQ(readAll(shrunk), Lines({"", ""})) << "two fills without a byte are the end";
+}
+
+TEST(BasicFileTest, PositionsCountWhatWasGivenOutNotWhatWasBuffered) {
+    const tarvik_test::TempDir dir;
+    const std::string path = dir.write("f", "one\ntwo\nthree\n");
+    BasicFile file;
+    ASSERT_TRUE(file.open(path, AccessUpdate));
+    EXPECT_EQ(file.readLine(), "one");
+    EXPECT_EQ(file.getPos(OperationRead), 4);
+    EXPECT_TRUE(file.seek(4, FromCurrent, OperationRead));
+    EXPECT_EQ(file.read(3), "thr");
+    EXPECT_TRUE(file.seek(-14, FromEnd, OperationRead));
+    EXPECT_EQ(file.readLine(), "one");
+    EXPECT_TRUE(file.write("TWO"));
+    EXPECT_EQ(file.readLine(), "");
+    EXPECT_EQ(file.read(100), "three\n");
+    EXPECT_TRUE(file.writeLine("four"));
+    EXPECT_TRUE(file.flush());
+    EXPECT_EQ(file.getSize(), 19);
+    file.close();
+    EXPECT_EQ(dir.read("f"), "one\nTWO\nthree\nfour\n");
+}
+
+TEST(BasicFileTest, AppendingKeepsWhatIsThereAndCreatingDropsIt) {
+    const tarvik_test::TempDir dir;
+    const std::string path = dir.write("f", "old");
+    BasicFile file;
+    ASSERT_TRUE(file.open(path, AccessAppend));
+    EXPECT_TRUE(file.write("new"));
+    file.close();
+    EXPECT_EQ(dir.read("f"), "oldnew");
+    ASSERT_TRUE(file.open(path, AccessCreateUpdate));
+    EXPECT_EQ(file.getSize(), 0);
+    EXPECT_TRUE(file.write("x"));
+    EXPECT_EQ(file.getSize(), 1);
+}
+
+}  // namespace
+}  // namespace Tarvik

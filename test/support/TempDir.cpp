@@ -1,0 +1,48 @@
+#include "test/support/TempDir.h"
+
+#include <stdlib.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <system_error>
+
+namespace tarvik_test {
+
+namespace fs = std::filesystem;
+
+TempDir::TempDir() {
+    const char* parent = std::getenv("TMPDIR");
+    const bool given = parent != nullptr && *parent != '\0';
+    directory = (fs::path(given ? parent : "/tmp") / "tarvik-test-XXXXXX").string();
+    if (mkdtemp(directory.data()) == nullptr) {
+        throw std::system_error(errno, std::generic_category(), directory);
+    }
+}
+
+TempDir::~TempDir() {
+    std::error_code ignored;
+    fs::remove_all(directory, ignored);
+}
+
+std::string TempDir::write(const std::string& relativeName, const std::string& bytes) const {
+    const fs::path target = fs::path(directory) / relativeName;
+    fs::create_directories(target.parent_path());
+    std::ofstream file(target, std::ios::binary);
+    file << bytes;
+    file.close();
+    if (!file) throw std::runtime_error("cannot write " + target.string());
+    return target.string();
+}
+
+std::string TempDir::read(const std::string& relativeName) const {
+    const fs::path source = fs::path(directory) / relativeName;
+    std::ifstream file(source, std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + source.string());
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace tarvik_test
