@@ -1,0 +1,201 @@
+#include "libraries/appframe/source/AppFrame.h"
+
+#include "libraries/corelib/source/process/EnvTools.h"
+#include "libraries/corelib/source/process/GlobalData.h"
+#include "libraries/corelib/source/system/SystemTools.h"
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <list>
+#include <vector>
+
+namespace TarvikCorelib {
+
+namespace {
+
+constexpr int failedExitValue = 4;
+constexpr int restartExitValue = 2;
+constexpr std::size_t longestModuleName = 10;
+
+std::string instanceText(const AppInstanceDefs& instance) {
+    switch (instance.type) {
+    case AppInstanceDefs::Named: return instance.name;
+    case AppInstanceDefs::ByProcess: return std::to_string(getpid());
+    case AppInstanceDefs::Enumerated: return std::to_string(instance.id);
+    default: return "0";
+    }
+}
+
+// Answers the exit value. What the log makes of the failure cannot make matters worse.
+template <class Failure>
+int reportFailure(const Logger& log, const std::string& text, const Failure& failure) {
+    AppFrame::output(text + "\n", false);
+    try {
+        log.fatal(failure);
+    } catch (...) {
+        return failedExitValue;
+    }
+    return failedExitValue;
+}
+
+// The place is a fixed one: logs are searched for it.
+std::string unknownExceptionText() {
+    constexpr std::uint32_t line = 831;
+    return "@unknown-exception{Unknown exception};" +
+           Logger::formatSource("libraries/appframe/source/AppFrame", line);
+}
+
+std::string joinLines(const std::vector<std::string>& lines) {
+    std::string text = lines.front();
+    for (std::size_t index = 1; index < lines.size(); ++index)
+        text += "\n" + lines[index];
+    return text;
+}
+
+}  // namespace
+
+constinit std::int32_t AppFrame::CommandLineC = 0;
+constinit char** AppFrame::CommandLineV = nullptr;
+std::string AppFrame::DisplayName;
+std::string AppFrame::Vendor;
+std::string AppFrame::AppVersion;
+AppInstanceDefs AppFrame::AppInstance;
+constinit std::atomic<bool> AppFrame::NoPopupOutput{false};
+constinit bool AppFrame::AppQuitOnLogOff = false;
+
+AppFrame::AppFrame(const std::string& displayName, const std::string& appName,
+                   const std::string& version, const std::string& moduleType, bool standardOptions,
+                   const std::string& vendor)
+    : ImsAgent("appframe") {
+    Vendor = vendor;
+    DisplayName = displayName;
+    SystemTools::setAppName(appName);
+    SystemTools::getHostName(true);
+    AppVersion = version;
+    GlobalData::prepare();
+    prepareSignalText();
+    if (!moduleType.empty()) EnvTools::set("TarvikModuleType", moduleType);
+    commandLine.init(appName, standardOptions, false, false);
+    logger.setName(std::string("appframe").substr(0, longestModuleName));
+}
+
+AppFrame::~AppFrame() {
+    processLock.unlock();
+    if ((AppInstance.type & AppInstanceDefs::Enumerated) != 0) removeEnum();
+}
+
+// The answer of these two reads as a status, so that true is `MsgIgnored`.
+int AppFrame::handleMessage(const ImsMessage& message) {
+    return static_cast<int>(handleDirectMsg(message));
+}
+
+int AppFrame::hookMessage(unsigned long long hookId, const ImsMessage& message) {
+    return static_cast<int>(handleHookedMsg(hookId, message));
+}
+
+bool AppFrame::setAppInstance() {
+    return false;
+}
+
+bool AppFrame::handleDirectMsg(const ImsMessage& /*message*/) {
+    return true;
+}
+
+bool AppFrame::handleHookedMsg(unsigned long long /*hookId*/, const ImsMessage& /*message*/) {
+    return true;
+}
+
+void AppFrame::setup() {
+    if (!setAppInstance()) return;
+    SystemTools::setAppInstance(instanceText(AppInstance));
+    prepareSignalText();
+}
+
+bool AppFrame::parseCmd() {
+    std::string answer;
+    if (!commandLine.parse(CommandLineC, CommandLineV, answer, "")) {
+        output("ERROR: " + answer + "\n", false);
+        return false;
+    }
+    std::vector<std::string> lines;
+    if (commandLine.haveOption('?')) lines.push_back(commandLine.getUsageText());
+    if (commandLine.haveOption("version")) lines.push_back("Version=" + std::string(REL_VERSION));
+    if (commandLine.haveOption("revision"))
+        lines.push_back("Revision=" + std::string(REL_REVISION));
+    if (lines.empty()) return true;
+    setAppState(AppStateDone);
+    // No line end behind the last line. On purpose.
+    output(joinLines(lines), false);
+    return true;
+}
+
+bool AppFrame::configure() {
+    return true;
+}
+
+int AppFrame::runApp() {
+    try {
+        int exitValue = run();
+        logEnd(exitValue);
+        return exitValue;
+    } catch (const Exception& exception) {
+        return reportFailure(runLogger, exception.getFullMessage(false), exception);
+    } catch (const std::exception& exception) {
+        const std::string text = exception.what();
+        return reportFailure(runLogger, "STD ERROR: " + text, text);
+    } catch (const char* text) {
+        return reportFailure(runLogger, "ERROR: " + std::string(text), text);
+    } catch (const std::string& text) {
+        return reportFailure(runLogger, "ERROR: " + text, text);
+    } catch (...) {
+        return reportFailure(runLogger, "ERROR: Unknown exception", unknownExceptionText());
+    }
+}
+
+// A restart that was asked for takes the place of the exit value.
+void AppFrame::logEnd(int& exitValue) const {
+    runLogger.info("Application ending with exit value %", ParamStream() << exitValue);
+    std::string reason;
+    if (!GlobalData::mustQuit(reason)) return;
+    runLogger.info("Quitting because: %", ParamStream() << reason);
+    if (GlobalData::SCode != GlobalData::Restart) return;
+    runLogger.info("Going to signal parent process to restart us");
+    exitValue = restartExitValue;
+}
+
+int AppFrame::exitProgram() const {
+    return appState == AppStateFailed ? failedExitValue : 0;
+}
+
+void AppFrame::output(const std::string& text, bool /*flag*/) {
+    if (NoPopupOutput) {
+        std::printf("%s: %s", DisplayName.c_str(), text.c_str());
+    } else {
+        std::fputs(text.c_str(), stdout);
+    }
+    std::fflush(stdout);
+}
+
+void AppFrame::output(const std::wstring& text, bool flag) {
+    output(StringTools::convert(text), flag);
+}
+
+void AppFrame::detachFromParentProcess(int /*argc*/, char** /*argv*/) {}
+
+// Gives the number of this instance back. The process is ending: a failure is logged, no more.
+void AppFrame::removeEnum() {
+    constexpr std::int32_t instanceScope = 6;
+    try {
+        const std::string key = SystemTools::obtain(SystemTools::DetailAppName) + "-enum";
+        std::list<std::string> numbers = confAgent.getLocalConfList(key, instanceScope);
+        numbers.remove(std::to_string(AppInstance.id));
+        confAgent.setLocalConf(key, numbers, instanceScope);
+    } catch (const Exception& exception) {
+        logger.fatal(exception);
+    }
+}
+
+}  // namespace TarvikCorelib

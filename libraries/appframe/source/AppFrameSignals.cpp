@@ -1,0 +1,99 @@
+// What happens when a signal comes. The handler may interrupt anything, so it takes no lock, calls
+// no stdio and allocates nothing: all texts with names in them are made beforehand.
+
+#include "libraries/appframe/source/AppFrame.h"
+#include "libraries/corelib/source/process/CoreSleep.h"
+#include "libraries/corelib/source/process/GlobalData.h"
+#include "libraries/corelib/source/system/SystemTools.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstddef>
+#include <limits>
+#include <string_view>
+
+namespace TarvikCorelib {
+
+namespace {
+
+// A text in memory of its own. What does not fit is cut.
+template <std::size_t Capacity>
+class FixedBuffer {
+public:
+    constexpr explicit FixedBuffer(std::string_view text = {}) { append(text); }
+
+    constexpr void append(std::string_view text) {
+        const std::size_t count = std::min(text.size(), Capacity - size);
+        std::copy_n(text.begin(), count, bytes.begin() + size);
+        size += count;
+    }
+    [[nodiscard]] constexpr std::string_view text() const { return {bytes.data(), size}; }
+
+private:
+    std::array<char, Capacity> bytes{};
+    std::size_t size = 0;
+};
+
+constexpr std::string_view intercepted = "Intercepted signal ";
+constexpr std::size_t prefixCapacity = 1024;
+constexpr std::size_t numberCapacity = std::numeric_limits<int>::digits10 + 2;
+
+// Process-wide. What goes before the signal's number; until the names are known they are blank.
+constinit FixedBuffer<prefixCapacity> signalPrefix(": #0: Intercepted signal ");
+
+FixedBuffer<numberCapacity> decimal(int number) {
+    std::array<char, numberCapacity> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    return FixedBuffer<numberCapacity>(
+        {digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+// One call for the whole text, so that nothing comes in between.
+void printSignal(int signalNumber) {
+    constexpr std::string_view eraseControlC = "\b\b";
+    constexpr std::size_t rest = eraseControlC.size() + numberCapacity + 1;
+    FixedBuffer<prefixCapacity + rest> line;
+    if (signalNumber == SIGINT) line.append(eraseControlC);
+    line.append(signalPrefix.text());
+    line.append(decimal(signalNumber).text());
+    line.append("\n");
+    [[maybe_unused]] const auto written =
+        write(STDOUT_FILENO, line.text().data(), line.text().size());
+}
+
+void storeSignal(int signalNumber) {
+    FixedBuffer<intercepted.size() + numberCapacity> reason(intercepted);
+    reason.append(decimal(signalNumber).text());
+    GlobalData::setSignal(signalNumber, reason.text());
+}
+
+}  // namespace
+
+void AppFrame::prepareSignalText() {
+    const std::string text = DisplayName + ": " + SystemTools::obtain(SystemTools::DetailAppName) +
+                             "#" + SystemTools::getAppInstance() + ": " + std::string(intercepted);
+    const GlobalData::SignalBlock block;
+    signalPrefix = FixedBuffer<prefixCapacity>(text);
+}
+
+void AppFrame::signalQuit(int signalNumber) {
+    constexpr std::uint32_t millisecondsToAbort = 500;
+    constexpr int abortExitValue = 3;
+    if (signalNumber == SIGCHLD) return;
+    const int errorBefore = errno;
+    NoPopupOutput = true;
+    printSignal(signalNumber);
+    storeSignal(signalNumber);
+    if (signalNumber == SIGABRT) {
+        core_sleep(millisecondsToAbort);
+        _exit(abortExitValue);
+    }
+    errno = errorBefore;
+}
+
+}  // namespace TarvikCorelib

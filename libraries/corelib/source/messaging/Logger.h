@@ -1,0 +1,49 @@
+/// Log levels, and the calls that write log records.
+#pragma once
+
+#include "libraries/corelib/source/diagnostics/Exception.h"
+#include "libraries/corelib/source/messaging/ImsAgent.h"
+#include "libraries/corelib/source/text/ParamStream.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace TarvikCorelib {
+
+/// A source of log records. They go to whoever subscribed to them, never to the console or to a
+/// file. There is no way to subscribe yet, so the calls do nothing.
+class Logger : public ImsAgent {
+public:
+    Logger() : ImsAgent("logger") {}
+
+    /// The name that its records carry.
+    void setName(std::string_view value) { name = value; }
+    [[nodiscard]] const std::string& getName() const { return name; }
+
+    void info(const std::string& /*text*/) const {}
+    void info(const std::string& /*text*/, const ParamStream& /*params*/) const {}
+    void info(const Exception& /*exception*/) const {}
+    void fatal(const std::string& /*text*/) const {}
+    void fatal(const std::string& /*text*/, const ParamStream& /*params*/) const {}
+    void fatal(const Exception& /*exception*/) const {}
+
+    /// The level's name; "undefined" for a number that is no level.
+    static std::string mapDebugLevel(int level);
+    /// The level of that name, in any case. 0, "none", for a name that is no level's.
+    static int mapDebugLevel(std::string name);
+    static bool isValidDebugLevel(std::string name);
+
+    /// The text by which an exception tells where it was thrown.
+    static std::string formatSource(std::string_view file, std::uint32_t line);
+
+    /// Process-wide. The limit of all loggers.
+    static std::int32_t MainLevel;
+    /// Process-wide. Shown in source locations unless it is 0.
+    static std::uint32_t Revision;
+
+private:
+    std::string name = "anonymous";
+};
+
+}  // namespace TarvikCorelib
