@@ -1,0 +1,161 @@
+#include "apps/handlechecker/HandleChecker.h"
+
+#include "libraries/corelib/source/services/SystemBase.h"
+#include "libraries/corelib/source/system/FileTools.h"
+#include "shared/library/common/FileOps.h"
+
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace Tarvik {
+
+using TarvikCorelib::CmdParser;
+
+namespace {
+
+struct Option {
+    const char* name;
+    char letter;
+    const char* description;
+};
+
+constexpr Option fileOption{"file", 'f', "File directory"};
+constexpr Option dirOption{"dir", 'd', "Directory"};
+constexpr Option handleDirOption{"handle-dir", 'h', "Include duplicate name checking"};
+constexpr Option saveOutputOption{"save-output", 's', "Save output as a .json file"};
+constexpr Option fileCheckingOption{"enable-file-checking", 'e', "Enable file checking"};
+
+// The example of --handle-dir repeats that of --dir, option included. On purpose.
+constexpr auto usageLines = std::to_array<const char*>({
+    R"(--file <args>)",
+    R"(  - Accepts single argument. Path of the handle file.)",
+    R"(  - E.g. --file C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks\sample_handle.conf)",
+    R"(--dir <args>)",
+    R"(  - Accepts single argument. Directory where handle files are stored to be validated)",
+    R"(  - E.g. --dir C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks)",
+    R"(--handle-dir <args>)",
+    R"(  - Accepts single argument. Directory where handle files are stored to be checked for duplicate name)",
+    R"(  - E.g. --dir C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks)",
+    R"(--save-output)",
+    R"(  - Used for saving a .json output file. The .json file will be saved in the same directory of the handle file)",
+    R"(  - If not defined, the result will be shown in the console)",
+    R"(--enable-file-checking)",
+    R"(  - If defined, it will validate if the files stated in the handle configuration exists)",
+});
+
+constexpr std::size_t longestModuleName = 10;
+
+// The directory that is probed for and the one that is then used differ in more than their ends,
+// and the separators are backslashes on every platform: here they are parts of one long file name.
+// On purpose.
+std::string defaultScanDirectory() {
+    const std::string configuration = TarvikCorelib::SystemBase::getConfDir();
+    if (FileOps::exists(configuration + R"(\dist\usagewardn\task)")) {
+        return configuration + R"(\dist\usagewarden\tasks)";
+    }
+    return configuration + R"(\usagewarden\tasks)";
+}
+
+bool isGiven(CmdParser& commandLine, const Option& option) {
+    return commandLine.haveOption(option.name) || commandLine.haveOption(option.letter);
+}
+
+// True, with the value copied over `out`, when the option was given.
+bool copyValue(CmdParser& commandLine, const Option& option, std::string& out) {
+    return commandLine.getOptionValue(option.name, out) ||
+           commandLine.getOptionValue(option.letter, out);
+}
+
+}  // namespace
+
+HandleChecker::HandleChecker(int argc, char** argv)
+    : AppFrame("Handle Checker", "HandleChecker", "1", "", true, "Tarvik, Inc.") {
+    CommandLineC = argc;
+    CommandLineV = argv;
+    setup();
+    if (!HandleChecker::construct()) setAppState(AppStateFailed);
+    parseCmd();
+}
+
+HandleChecker::~HandleChecker() {
+    HandleChecker::destruct();
+}
+
+bool HandleChecker::construct() {
+    logger.setName(std::string("main").substr(0, longestModuleName));
+    logger.info("Constructing application");
+    for (const Option& option : {fileOption, dirOption, handleDirOption}) {
+        commandLine.specifyOptionWithValueArg(option.description, option.letter, option.name, {});
+    }
+    for (const Option& option : {saveOutputOption, fileCheckingOption}) {
+        commandLine.specifyOptionOnlyArg(option.description, option.letter, option.name);
+    }
+    for (const char* line : usageLines)
+        commandLine.addDocLine(line);
+    return true;
+}
+
+bool HandleChecker::destruct() {
+    logger.info("Ending run");
+    return true;
+}
+
+int HandleChecker::run() {
+    std::string scanDirectory = defaultScanDirectory();
+    directoryRun = false;
+    saveOutput = isGiven(commandLine, saveOutputOption);
+    if (!isGiven(commandLine, fileCheckingOption)) validator.setFilechecking();
+    copyValue(commandLine, dirOption, scanDirectory);
+    copyValue(commandLine, handleDirOption, scanDirectory);
+    scanHandleNames(scanDirectory);
+    validateChosen();
+    parseResultsToJsonFormat();
+    if (saveOutput) {
+        createJsonFiles();
+        showSummary();
+    } else {
+        showResultInConsole();
+    }
+    return 0;
+}
+
+void HandleChecker::validateChosen() {
+    if (isGiven(commandLine, fileOption)) {
+        if (copyValue(commandLine, fileOption, currentFile)) validateFile();
+        return;
+    }
+    std::string directory;
+    if (copyValue(commandLine, dirOption, directory)) validateHandleDir(directory);
+}
+
+bool HandleChecker::validateFile() {
+    if (!validator.loadHandle(currentFile)) {
+        throw Source_BadDir("Error: Invalid file path: \"" + currentFile + "\"");
+    }
+    bool valid = false;
+    try {
+        valid = validator.validate();
+    } catch (...) {
+        throw Source_ValidationErr("Error: File Validation Failed");
+    }
+    validateName();
+    results.push_back({currentFile, validator.getErrorList()});
+    return valid;
+}
+
+void HandleChecker::validateHandleDir(std::string& dir) {
+    directoryRun = true;
+    std::set<std::string> files;
+    TarvikCorelib::FileTools::readDir(dir, "*.conf", &files, nullptr);
+    if (files.empty()) {
+        throw Source_BadDir("Error: No configuration files found in source directory: \"" + dir +
+                            "\"");
+    }
+    for (const std::string& file : files) {
+        currentFile = dir + "/" + file;
+        validateFile();
+    }
+}
+
+}  // namespace Tarvik

@@ -1,0 +1,36 @@
+// Handle names that stand in more than one file.
+
+#include "apps/handlechecker/HandleChecker.h"
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "libraries/corelib/source/system/FileTools.h"
+
+#include <set>
+
+namespace Tarvik {
+
+void HandleChecker::scanHandleNames(std::string dir) {
+    HandleValidator scanner;
+    std::set<std::string> files;
+    TarvikCorelib::FileTools::readDir(dir, "*.conf", &files, nullptr);
+    for (const std::string& file : files) {
+        std::string path = dir + "/" + file;
+        if (!scanner.loadHandle(path)) continue;
+        std::string handleName;
+        scanner.nameScanner(handleName);
+        handleNames.emplace(std::move(handleName), std::move(path));
+    }
+}
+
+void HandleChecker::validateName() {
+    // Files without a name are no duplicates of each other.
+    if (validator.getName().empty()) return;
+    const auto [first, last] = handleNames.equal_range(validator.getName());
+    for (auto entry = first; entry != last; ++entry) {
+        // Paths are compared as text: the same file under another path is a duplicate. On purpose.
+        if (entry->second == currentFile) continue;
+        validator.addToErrorList(messages::fill(messages::duplicateHandleName, {entry->second}),
+                                 validator.getNameLine());
+    }
+}
+
+}  // namespace Tarvik

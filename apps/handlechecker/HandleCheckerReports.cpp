@@ -1,0 +1,112 @@
+// The two forms of a report: JSON texts, or files with a summary.
+
+#include "apps/handlechecker/HandleChecker.h"
+#include "shared/library/common/BasicFile.h"
+#include "shared/library/common/FileOps.h"
+
+#include <json/value.h>
+#include <json/writer.h>
+
+#include <stdexcept>
+#include <string_view>
+
+namespace Tarvik {
+
+namespace {
+
+// The whole text of a valid handle, by which it is also recognised as one.
+constexpr std::string_view validHandleText = "{}\n";
+
+Json::Value toJsonArray(const std::vector<HandleValidator::Error>& errors) {
+    Json::Value list(Json::arrayValue);
+    Json::Value item(Json::nullValue);
+    for (const HandleValidator::Error& error : errors) {
+        item["line"] = Json::Value(error.line);
+        item["message"] = Json::Value(error.message);
+        list.append(item);
+    }
+    return list;
+}
+
+// The library would have another writer in its place, but that one lays the text out differently.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+std::string styledText(const Json::Value& root) {
+    return Json::StyledWriter().write(root);
+}
+#pragma GCC diagnostic pop
+
+// The first ".conf" of the whole path gives way, even if a directory's name holds it. On purpose.
+std::string jsonPathOf(const std::string& path) {
+    constexpr std::string_view handleSuffix = ".conf";
+    const auto found = path.find(handleSuffix);
+    if (found == std::string::npos) throw std::out_of_range("basic_string::replace");
+    return std::string(path).replace(found, handleSuffix.size(), ".json");
+}
+
+// What cannot be written is not noticed here: a file that was there before counts as written.
+void writeFile(const std::string& path, const std::string& text) {
+    BasicFile file;
+    if (file.open(path, AccessWrite)) file.write(text);
+}
+
+std::string invalidHandleLine(const std::string& path, long count) {
+    return "\t" + path + " - " + std::to_string(count) + " error" + (count == 1 ? "" : "s") +
+           " found\n";
+}
+
+}  // namespace
+
+void HandleChecker::parseResultsToJsonFormat() {
+    for (const ValidationResult& result : results) {
+        errorCounts[result.path] = static_cast<long>(result.errors.size());
+        jsonResults[result.path] =
+            result.errors.empty() ? std::string(validHandleText) : renderErrors(result);
+    }
+}
+
+std::string HandleChecker::renderErrors(const ValidationResult& result) const {
+    Json::Value root(Json::nullValue);
+    const bool nested = directoryRun && !saveOutput;
+    if (nested) root["Data"]["Path"] = Json::Value(result.path);
+    Json::Value& place = nested ? root["Data"]["Error"] : root["Error"];
+    // Swapped in: an assignment would copy every error once more.
+    Json::Value errors = toJsonArray(result.errors);
+    place.swap(errors);
+    return styledText(root);
+}
+
+void HandleChecker::showResultInConsole() {
+    for (const auto& [path, text] : jsonResults)
+        output(text, false);
+}
+
+void HandleChecker::createJsonFiles() {
+    for (const auto& [path, text] : jsonResults) {
+        if (text == validHandleText) continue;
+        const std::string jsonPath = jsonPathOf(path);
+        writeFile(jsonPath, text);
+        if (!FileOps::exists(jsonPath)) {
+            throw Source_BadDir("Error: Failed to create file " + jsonPath);
+        }
+        createdFiles.push_back(jsonPath);
+    }
+}
+
+void HandleChecker::showSummary() {
+    std::string valid = "Valid Handles: \n";
+    std::string invalid = "Invalid Handles: \n";
+    std::string created = "Files Created: \n";
+    for (const auto& [path, count] : errorCounts) {
+        if (count == 0) {
+            valid += "\t" + path + "\n";
+        } else {
+            invalid += invalidHandleLine(path, count);
+        }
+    }
+    for (const std::string& path : createdFiles)
+        created += "\t" + path + "\n";
+    output(valid + "\n" + invalid + "\n" + created, false);
+}
+
+}  // namespace Tarvik

@@ -1,0 +1,74 @@
+// The program: how a run of the tool begins, and what exit status it ends with.
+
+#include "apps/handlechecker/HandleChecker.h"
+#include "libraries/appframe/source/AppFrame.h"
+#include "libraries/corelib/source/process/GlobalData.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <new>
+
+namespace {
+
+using TarvikCorelib::AppFrame;
+using TarvikCorelib::GlobalData;
+
+constexpr int exitOnFailure = 4;
+constexpr int exitOnSigterm = 5;
+constexpr int exitOnSigint = 6;
+
+// With one of the standard descriptors closed, the next file opened would get its number, and the
+// report would be written into that file.
+void occupyStandardDescriptors() {
+    int descriptor = STDIN_FILENO;
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO) {
+        descriptor = open("/dev/null", O_RDWR);
+    }
+    if (descriptor > STDERR_FILENO) close(descriptor);
+}
+
+void installSignalHandlers() {
+    for (const int signalNumber : {SIGABRT, SIGINT, SIGTERM, SIGCHLD}) {
+        std::signal(signalNumber, &AppFrame::signalQuit);
+    }
+}
+
+// The signal's number is asked for here and stored nowhere, so a run that a signal reached ends
+// with 0 as any other. On purpose.
+int exitStatusOfSignal() {
+    switch (GlobalData::Signal) {
+    case SIGINT: return exitOnSigint;
+    case SIGTERM: return exitOnSigterm;
+    default: return 0;
+    }
+}
+
+int runHandleChecker(int argc, char** argv) {
+    Tarvik::HandleChecker application(argc, argv);
+    if (application.getAppState() == AppFrame::AppStateDone) return 0;
+    if (application.getAppState() == AppFrame::AppStateFailed) return exitOnFailure;
+    if (!application.configure()) return exitOnFailure;
+    return application.runApp();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    occupyStandardDescriptors();
+    AppFrame::detachFromParentProcess(argc, argv);
+    installSignalHandlers();
+    AppFrame::CommandLineC = argc;
+    AppFrame::CommandLineV = argv;
+    try {
+        const int result = runHandleChecker(argc, argv);
+        return result != 0 ? result : exitStatusOfSignal();
+    } catch (const std::bad_alloc&) {
+        AppFrame::output("ERROR: OUT OF MEMORY\n", false);
+    } catch (...) {
+        // Nothing is printed: the status tells.
+        return exitOnFailure;
+    }
+    return exitOnFailure;
+}

@@ -1,0 +1,78 @@
+// What the cases cannot show: names, errors as one text, and one validator over several files.
+
+#include "apps/handlechecker/validation/HandleValidator.h"
+
+#include "test/support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace {
+
+struct NameCase {
+    const char* name;
+    const char* handle;
+    const char* declared;
+    const char* scanned = declared;
+};
+
+constexpr auto nameCases = std::to_array<NameCase>({
+    {"a value holds further equals signs", "handle\n{\nname = a = b\n", "a = b"},
+    {"letters of several bytes go at the end", "handle\n{\nname = caf\xC3\xA9\n", "caf"},
+    {"reported missing, stored all the same", "handle\n{\nfilter\n{\n}\nname = late", "late"},
+    {"only the scan keeps comments", "handle\n{\nname=x # y # z\n", "x # y", "x # y # z"},
+    {"only the scan looks into sections", "handle\n{\nname=a\nfilter\n{\nname = b\n", "a", "b"},
+    {"a commented name is none", "handle\n{\nname=a\n# name = b\n#\n", "a"},
+    {"outside of the handle there is none but for the scan", "name = a\n", "", "a"},
+});
+
+TEST(HandleValidatorTest, DeclaredAndScannedNamesFollowRulesOfTheirOwn) {
+    const tarvik_test::TempDir dir;
+    Tarvik::HandleValidator validator;
+    for (const NameCase& row : nameCases) {
+        std::string path = dir.write("a.conf", row.handle);
+        std::string scanned;
+        ASSERT_TRUE(validator.loadHandle(path));
+        validator.nameScanner(scanned);
+        ASSERT_TRUE(validator.loadHandle(path));
+        validator.validate();
+        EXPECT_EQ(scanned, row.scanned) << row.name;
+        EXPECT_EQ(validator.getName(), row.declared) << row.name;
+    }
+}
+
+TEST(HandleValidatorTest, ErrorsAsOneTextEndWithTheIgnoredHandle) {
+    Tarvik::HandleValidator validator;
+    EXPECT_EQ(validator.getErrors(), "");
+    validator.addToErrorList("First", 12);
+    validator.addToErrorList("Second", 3);
+    EXPECT_EQ(validator.getErrors(),
+              "\n\t- First in line 12\n\t- Second in line 3\n\t- Ignoring Handle");
+}
+
+TEST(HandleValidatorTest, AFileStartsFromNothingWhateverStoodInTheOneBefore) {
+    const tarvik_test::TempDir dir;
+    const std::string body = "executables\n{\nmain = [type=include,exe=a]\n}\n";
+    std::string faulty = dir.write("a.conf", "x\nhandle\n{\nname = a\n" + body + "filter\n");
+    std::string faultless = dir.write("b.conf", "handle\n{\nname = b\n" + body + "}\n");
+    Tarvik::HandleValidator validator;
+    validator.loadHandle(faulty);
+    EXPECT_FALSE(validator.validate());
+    validator.loadHandle(faultless);
+    EXPECT_TRUE(validator.validate()) << validator.getErrors();
+    EXPECT_EQ(validator.getNameLine(), 3U);
+}
+
+TEST(HandleValidatorTest, AnEmptyFileIsReadAgainInPlaceOfTheNext) {
+    const tarvik_test::TempDir dir;
+    Tarvik::HandleValidator validator;
+    for (std::string path : {dir.write("a.conf", ""), dir.write("b.conf", "handle\n")}) {
+        EXPECT_TRUE(validator.loadHandle(path));
+        EXPECT_FALSE(validator.validate());
+        EXPECT_EQ(validator.getErrors(), "\n\t- File Empty in line 0\n\t- Ignoring Handle");
+    }
+}
+
+}  // namespace

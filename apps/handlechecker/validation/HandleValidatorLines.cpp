@@ -1,0 +1,160 @@
+// The line machine: what each line of a handle is, and where it leads.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "shared/library/common/StringTools.h"
+#include "shared/library/tables/Keywords.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+constexpr auto sectionWords = std::to_array<TarvikTables::Keyword>({
+    {"executables", HandleValidator::Executables},
+    {"licenses", HandleValidator::Licenses},
+    {"idle-detection", HandleValidator::IdleDetection},
+    {"optimization", HandleValidator::Optimization},
+    {"cpu-overuse", HandleValidator::CpuOveruse},
+    {"filter", HandleValidator::Filter},
+    {"priorities", HandleValidator::Priorities},
+});
+
+// The last "#" starts the comment, and there is no quoting: a "#" in a value always cuts.
+void cutComment(std::string& line) {
+    const auto comment = line.rfind('#');
+    if (comment == std::string::npos) return;
+    line.erase(comment);
+    StringTools::trimRight(line);
+}
+
+}  // namespace
+
+int HandleValidator::parseLine(std::string line) {
+    // Shared by all validators; it is set on the way into each section, so a stale one is never
+    // used.
+    static ParseObject parseobject = NoObject;
+
+    StringTools::trim(line);
+    if (line.empty() || line.front() == '#') return LineAccepted;
+    cutComment(line);
+    switch (state) {
+    case OutsideHandle: return inOutsideHandle(line);
+    case ExpectHandleBrace: return expectBrace(line, InHandle);
+    case InHandle: return inHandle(line, parseobject);
+    case ExpectSectionBrace: return expectBrace(line, InSection);
+    case InSection: return inSection(line, parseobject);
+    case ExpectSubsectionBrace: return expectBrace(line, InSubsection);
+    case InSubsection: return inSubsection(line, parseobject);
+    default: return reject(std::string(messages::internalError));
+    }
+}
+
+// "handle" -> ExpectHandleBrace, accepted | "{" -> InHandle, rejected | else stays, rejected
+int HandleValidator::inOutsideHandle(const std::string& line) {
+    if (line == "handle") return moveTo(ExpectHandleBrace);
+    if (line == "{") {
+        state = InHandle;
+        return reject(std::string(messages::handleMissing));
+    }
+    return reject(messages::fill(messages::outsideOfHandle, {line}));
+}
+
+// "{" -> next, accepted | else stays, rejected: every line is, until a "{" comes. On purpose.
+int HandleValidator::expectBrace(const std::string& line, LineState next) {
+    if (line == "{") return moveTo(next);
+    return reject(messages::fill(messages::expectingBrace, {line}));
+}
+
+// "}" -> OutsideHandle, closed | with "=" a key line | a section word -> ExpectSectionBrace
+// "{" -> InSection, rejected | else stays, rejected
+int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
+    if (line == "}") {
+        state = OutsideHandle;
+        return HandleClosed;
+    }
+    if (line.find('=') != std::string::npos) return keyLineInHandle(line);
+    parseobject = getParseObject(line);
+    if (parseobject != NoObject) return openSection();
+    if (line == "{") {
+        // A section without a word: its lines are rejected without a word too, up to its "}".
+        state = InSection;
+        return reject(std::string(messages::sectionMissing));
+    }
+    return reject(messages::fill(messages::invalidElement, {line}));
+}
+
+// The section opens even when the name is late. Only the first section can say so.
+int HandleValidator::openSection() {
+    state = ExpectSectionBrace;
+    if (sectionsSeen.size() == 1 && name.empty()) {
+        return reject(std::string(messages::nameNotFirst));
+    }
+    return LineAccepted;
+}
+
+int HandleValidator::keyLineInHandle(const std::string& line) {
+    std::string value = line;
+    keyLineDivider(value);
+    if (currentKey != NameKey) return reject(messages::fill(messages::invalidElement, {line}));
+    if (!name.empty()) return reject(std::string(messages::duplicateName));
+    if (value.empty()) return reject(std::string(messages::blankName));
+    name = std::move(value);
+    nameLine = lineNumber;
+    return LineAccepted;
+}
+
+// "}" -> InHandle, accepted | a section word -> ExpectSectionBrace, rejected | else the section's
+int HandleValidator::inSection(std::string& line, ParseObject& parseobject) {
+    if (line == "}") {
+        parseobject = NoObject;
+        return moveTo(InHandle);
+    }
+    const ParseObject next = getParseObject(line);
+    if (next != NoObject) {
+        // Taken for a forgotten "}": the new section opens at once.
+        parseobject = next;
+        state = ExpectSectionBrace;
+        return reject(messages::fill(messages::braceMissingBeforeSection, {line}));
+    }
+    return parseObjectChecker(parseobject, line) ? LineAccepted : LineRejected;
+}
+
+// "}" -> InSection, accepted | else the section's
+int HandleValidator::inSubsection(std::string& line, ParseObject& parseobject) {
+    if (line == "}") return moveTo(InSection);
+    return parseObjectChecker(parseobject, line) ? LineAccepted : LineRejected;
+}
+
+int HandleValidator::moveTo(LineState next) {
+    state = next;
+    return LineAccepted;
+}
+
+int HandleValidator::reject(std::string message) {
+    addToErrorList(std::move(message), lineNumber);
+    return LineRejected;
+}
+
+HandleValidator::ParseObject HandleValidator::getParseObject(std::string& word) {
+    const auto object =
+        static_cast<ParseObject>(TarvikTables::codeOf(word, sectionWords, NoObject));
+    if (object == NoObject) return NoObject;
+    if (object == Executables) executablesLine = static_cast<std::uint32_t>(lineNumber);
+    if (object == Licenses) licensesLine = static_cast<std::uint32_t>(lineNumber);
+    checkMultipleSectionItems(sectionsSeen, word);
+    return object;
+}
+
+void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key) {
+    if (std::find(seen.begin(), seen.end(), key) == seen.end()) {
+        seen.push_back(key);
+        return;
+    }
+    addToErrorList(messages::fill(messages::multipleDefinition, {key}), lineNumber);
+}
+
+}  // namespace Tarvik
