@@ -153,7 +153,7 @@ void HandleChecker::validateHandleDir(std::string& dir) {
                             "\"");
     }
     for (const std::string& file : files) {
-        currentFile = dir + "/" + file;
+        currentFile = pathIn(dir, file);
         validateFile();
     }
 }

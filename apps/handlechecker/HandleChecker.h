@@ -65,6 +65,8 @@ public:
     void showSummary();
 
 private:
+    /// The directory stays as it was written, so a slash at its end is doubled.
+    static std::string pathIn(const std::string& dir, const std::string& file);
     void validateChosen();
     [[nodiscard]] std::string renderErrors(const ValidationResult& result) const;
 

@@ -8,12 +8,13 @@
 
 namespace Tarvik {
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers may pass a text of their own.
 void HandleChecker::scanHandleNames(std::string dir) {
     HandleValidator scanner;
     std::set<std::string> files;
     TarvikCorelib::FileTools::readDir(dir, "*.conf", &files, nullptr);
     for (const std::string& file : files) {
-        std::string path = dir + "/" + file;
+        std::string path = pathIn(dir, file);
         if (!scanner.loadHandle(path)) continue;
         std::string handleName;
         scanner.nameScanner(handleName);
@@ -31,6 +32,12 @@ void HandleChecker::validateName() {
         validator.addToErrorList(messages::fill(messages::duplicateHandleName, {entry->second}),
                                  validator.getNameLine());
     }
+}
+
+std::string HandleChecker::pathIn(const std::string& dir, const std::string& file) {
+    std::string path;
+    path.reserve(dir.size() + 1 + file.size());
+    return path.append(dir).append("/").append(file);
 }
 
 }  // namespace Tarvik

@@ -1,7 +1,5 @@
 #include "test/support/ScopedEnv.h"
 
-#include <stdlib.h>
-
 #include <cstdlib>
 #include <utility>
 

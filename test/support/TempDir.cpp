@@ -1,7 +1,5 @@
 #include "test/support/TempDir.h"
 
-#include <stdlib.h>
-
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>

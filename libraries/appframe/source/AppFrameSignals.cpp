@@ -48,7 +48,7 @@ constinit FixedBuffer<prefixCapacity> signalPrefix(": #0: Intercepted signal ");
 
 FixedBuffer<numberCapacity> decimal(int number) {
     std::array<char, numberCapacity> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
     return FixedBuffer<numberCapacity>(
         {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }

@@ -88,7 +88,9 @@ Exception::Exception(std::string text, std::string location, ParamStream params)
     : message(std::move(text)), params(std::move(params)), locations{std::move(location)} {}
 
 Exception::Exception(std::string location, const Exception& inner)
-    : locations{std::move(location)}, contained{inner} {}
+    : locations{std::move(location)} {
+    contained.push_back(inner);
+}
 
 std::string Exception::getLocations() const {
     std::string all;

@@ -58,9 +58,9 @@ std::string optionNames(const CmdParser::ArgumentSpec& spec) {
         if (spec.type == CmdParser::OptionEqualsValue) return "  " + spec.longOpt + "=<value>";
         return "  --" + spec.longOpt + argument;
     }
-    const std::string row = std::string("  -") + spec.shortOpt + argument;
-    if (spec.longOpt.empty()) return row;
-    return row + "\n    --" + spec.longOpt + argument;
+    std::string row = std::string("  -") + spec.shortOpt + argument;
+    if (!spec.longOpt.empty()) row += "\n    --" + spec.longOpt + argument;
+    return row;
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ std::string unescape(const std::string& text, const std::string& encoded, const 
                      char escapeChar) {
     if (text.find(escapeChar) == std::string::npos) return text;
     std::string result;
-    result.reserve(text.size());
+    result.reserve(text.size() + 1 + text.size() / 5);
     for (std::size_t index = 0; index < text.size(); ++index) {
         if (text[index] != escapeChar) {
             result += text[index];

@@ -1,0 +1,173 @@
+#include "libraries/appframe/source/AppFrame.h"
+
+#include "libraries/corelib/source/process/GlobalData.h"
+#include "libraries/corelib/source/system/SystemTools.h"
+#include "test/support/ProcessStateGuard.h"
+#include "test/support/ScopedEnv.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <stdexcept>
+#include <vector>
+
+namespace TarvikCorelib {
+namespace {
+
+class Application : public AppFrame {
+public:
+    using Work = int (*)();
+
+    explicit Application(Work work = nullptr)
+        : AppFrame("Some Tool", "tool", "1", "", true, "Vendor"), work(work) {}
+
+    bool setAppInstance() override { return AppInstance.type != AppInstanceDefs::Untold; }
+    bool construct() override { return true; }
+    bool destruct() override { return true; }
+    int run() override { return work(); }
+
+private:
+    Work work;
+};
+
+class AppFrameTest : public testing::Test {
+protected:
+    template <class Action>
+    static std::string printedBy(const Action& action) {
+        testing::internal::CaptureStdout();
+        action();
+        return testing::internal::GetCapturedStdout();
+    }
+
+    tarvik_test::ProcessStateGuard guard;
+    tarvik_test::ScopedEnv instance{"tarvik_application_instance"};
+};
+
+struct RunCase {
+    const char* name;
+    Application::Work work;
+    int result;
+    const char* printed;
+};
+
+constexpr auto runs = std::to_array<RunCase>({
+    {"an end", [] { return 7; }, 7, ""},
+    {"a quit", [] { return GlobalData::quit("enough"), 7; }, 7, ""},
+    {"a restart", [] { return GlobalData::restart("again"), 7; }, 2, ""},
+    {"an exception", []() -> int { throw Exception("@a{no %};", ParamStream() << "room"); }, 4,
+     "no room\n"},
+    {"a standard one", []() -> int { throw std::runtime_error("bad"); }, 4, "STD ERROR: bad\n"},
+    {"a literal", []() -> int { throw "bad"; }, 4, "ERROR: bad\n"},
+    {"a string", []() -> int { throw std::string("bad"); }, 4, "ERROR: bad\n"},
+    {"anything", []() -> int { throw 42; }, 4, "ERROR: Unknown exception\n"},
+});
+
+TEST_F(AppFrameTest, WhateverLeavesTheRunBecomesTextAndAnExitValue) {
+    for (const RunCase& row : runs) {
+        GlobalData::reset();
+        Application application(row.work);
+        int result = 0;
+        EXPECT_EQ(printedBy([&] { result = application.runApp(); }), row.printed) << row.name;
+        EXPECT_EQ(result, row.result) << row.name;
+    }
+}
+
+struct CommandCase {
+    const char* name;
+    std::vector<const char*> words;
+    bool accepted;
+    AppFrame::AppState state;
+    const char* printed;
+};
+
+const auto commands = std::to_array<CommandCase>({
+    {"nothing to say", {"tool"}, true, AppFrame::AppStateRun, ""},
+    {"a lone line has no end",
+     {"tool", "--version"},
+     true,
+     AppFrame::AppStateDone,
+     "Version=7.0.0.0"},
+    {"two lines, in a fixed order",
+     {"tool", "--revision", "--version"},
+     true,
+     AppFrame::AppStateDone,
+     "Version=7.0.0.0\nRevision=25267"},
+    {"a bad word changes no state",
+     {"tool", "--version", "-x"},
+     false,
+     AppFrame::AppStateRun,
+     "ERROR: Unknown option 'x'\n"},
+    {"no words at all", {}, false, AppFrame::AppStateRun, "ERROR: Missing executable argument\n"},
+});
+
+TEST_F(AppFrameTest, TheCommandLineIsAnsweredAtOnce) {
+    for (const CommandCase& row : commands) {
+        std::vector<std::string> words(row.words.begin(), row.words.end());
+        std::vector<char*> pointers;
+        pointers.reserve(words.size());
+        for (std::string& word : words)
+            pointers.push_back(word.data());
+        AppFrame::CommandLineC = static_cast<std::int32_t>(pointers.size());
+        AppFrame::CommandLineV = pointers.data();
+        Application application;
+        bool accepted = false;
+        EXPECT_EQ(printedBy([&] { accepted = application.parseCmd(); }), row.printed) << row.name;
+        EXPECT_EQ(accepted, row.accepted) << row.name;
+        EXPECT_EQ(application.getAppState(), row.state) << row.name;
+    }
+}
+
+TEST_F(AppFrameTest, OutputNamesTheProgramOnceASignalCame) {
+    const Application application;
+    EXPECT_EQ(printedBy([] { AppFrame::output("50%s\n", true); }), "50%s\n");
+    AppFrame::NoPopupOutput = true;
+    EXPECT_EQ(printedBy([] { AppFrame::output(L"wide\n", false); }), "Some Tool: wide\n");
+}
+
+struct InstanceCase {
+    const char* name;
+    AppInstanceDefs instance;
+    std::string text;
+};
+
+TEST_F(AppFrameTest, AnInstanceIsToldApartAsTheApplicationSays) {
+    const auto cases = std::to_array<InstanceCase>({
+        {"not at all", {0, "x", 5}, "0"},
+        {"by its name", {1, "x", 5}, "x"},
+        {"by its process", {2, "x", 5}, std::to_string(getpid())},
+        {"by its number", {4, "x", 5}, "5"},
+        {"in an unknown way", {3, "x", 5}, "0"},
+    });
+    for (const InstanceCase& row : cases) {
+        AppFrame::AppInstance = row.instance;
+        Application().setup();
+        EXPECT_EQ(SystemTools::getAppInstance(), row.text) << row.name;
+    }
+}
+
+TEST_F(AppFrameTest, ASignalIsToldInOneTextAndAsksForAnEnd) {
+    AppFrame::AppInstance = {AppInstanceDefs::Named, "east", 0};
+    Application application;
+    application.setup();
+    EXPECT_EQ(printedBy([] {
+                  errno = EDOM;
+                  AppFrame::signalQuit(SIGCHLD);
+                  AppFrame::signalQuit(SIGINT);
+                  AppFrame::signalQuit(SIGTERM);
+                  EXPECT_EQ(errno, EDOM);
+              }),
+              "\b\bSome Tool: tool#east: Intercepted signal 2\n"
+              "Some Tool: tool#east: Intercepted signal 15\n");
+    EXPECT_TRUE(AppFrame::NoPopupOutput);
+    std::string reason;
+    EXPECT_TRUE(GlobalData::mustQuit(reason));
+    EXPECT_EQ(reason, "Intercepted signal 2");
+    EXPECT_EQ(GlobalData::SCode, GlobalData::StoppedBySignal);
+}
+
+}  // namespace
+}  // namespace TarvikCorelib

@@ -1,0 +1,61 @@
+#include "libraries/corelib/source/process/GlobalData.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace TarvikCorelib {
+namespace {
+
+class GlobalDataTest : public testing::Test {
+protected:
+    void SetUp() override { GlobalData::reset(); }
+    void TearDown() override { GlobalData::reset(); }
+};
+
+struct StopCase {
+    const char* name;
+    void (*stop)();
+    std::int32_t code;
+};
+
+constexpr auto stops = std::to_array<StopCase>({
+    {"quit", [] { GlobalData::quit("first"); }, 1},
+    {"restart", [] { GlobalData::restart("first"); }, 2},
+    {"signal", [] { GlobalData::setSignal(15, "first"); }, 3},
+});
+
+TEST_F(GlobalDataTest, TheFirstStopWins) {
+    for (const StopCase& row : stops) {
+        std::string reason = "unchanged";
+        EXPECT_FALSE(GlobalData::mustQuit(reason)) << row.name;
+        EXPECT_EQ(reason, "unchanged") << row.name;
+        row.stop();
+        GlobalData::restart("second");
+        GlobalData::quit("second");
+        GlobalData::setSignal(2, "second");
+        EXPECT_TRUE(GlobalData::mustQuit(reason)) << row.name;
+        EXPECT_EQ(reason, "first") << row.name;
+        EXPECT_EQ(GlobalData::SCode, row.code) << row.name;
+        GlobalData::reset();
+    }
+}
+
+TEST_F(GlobalDataTest, ASignalLeavesItsNumberOut) {
+    GlobalData::setSignal(15, "Intercepted signal 15");
+    EXPECT_EQ(GlobalData::Signal, 0);
+}
+
+TEST_F(GlobalDataTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {
+    GlobalData::prepare();
+    GlobalData::reset();
+    const char* memory = GlobalData::SReason.data();
+    const std::size_t capacity = GlobalData::SReason.capacity();
+    GlobalData::setSignal(15, std::string(capacity + 1, 'x'));
+    EXPECT_EQ(GlobalData::SReason, std::string(capacity, 'x'));
+    EXPECT_EQ(GlobalData::SReason.data(), memory);
+}
+
+}  // namespace
+}  // namespace TarvikCorelib
