@@ -11,9 +11,9 @@ checkPackages=(clang clang-format clang-tidy libclang-rt-14-dev)
 
 # Standard output belongs to what the caller runs in the end; all chatter goes to standard error.
 aptInstall() {
-  "$@" apt-get update -qq >&2
-  "$@" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+  "$@" apt-get update -qq >&2 &&
+    "$@" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
 # Installs those of the packages that are not there, or names them and exits with 1.
@@ -27,9 +27,9 @@ needPackages() {
   done
   if [ ${#missing[@]} -eq 0 ]; then return; fi
   if [ "$(id -u)" = 0 ]; then
-    aptInstall
+    aptInstall || exit 1
   elif command -v sudo >/dev/null; then
-    aptInstall sudo
+    aptInstall sudo || exit 1
   else
     echo "Please install: apt-get install ${missing[*]}" >&2
     exit 1

@@ -35,7 +35,8 @@ LAYERS = [
 ONE_TARGET = {"text", "diagnostics", "match", "process", "time"}
 
 PRODUCT = ("apps", "libraries", "shared")
-INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"')
+# In angle brackets too, where the path is one of ours.
+INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"|<(?=(?:apps|libraries|shared|test)/))([^">]+)')
 
 
 def layer_of(path):
@@ -103,7 +104,7 @@ def main():
     faults, headers, allowed = [], {}, beneath()
     for name in product_files():
         if layer_of(name) is None:
-            faults.append(f"{name}: in no layer")
+            faults.append(f"{name}:1: in no layer")
             continue
         found = list(includes_of(name))
         for number, target in found:
@@ -113,8 +114,8 @@ def main():
         if name.endswith(".h"):
             headers[name] = [target for _, target in found]
             if "#pragma once" not in (ROOT / name).read_text(encoding="utf-8"):
-                faults.append(f"{name}: has no #pragma once")
-    faults += ["a circle: " + " -> ".join(circle) for circle in circles(headers)]
+                faults.append(f"{name}:1: has no #pragma once")
+    faults += [f"{circle[0]}:1: a circle: " + " -> ".join(circle) for circle in circles(headers)]
     print("\n".join(faults) if faults else f"{len(headers)} headers in their layers")
     return 1 if faults else 0
 
