@@ -18,8 +18,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -27,6 +25,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using tarvik_test::readFile;
 using tarvik_test::ScopedEnv;
 
 // What runs longer is killed, and its status is then none that a case expects.
@@ -45,12 +44,6 @@ std::string testName(const testing::TestParamInfo<std::string>& info) {
     std::string name = info.param;
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
-}
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << path << " cannot be read";
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 class CliTest : public testing::TestWithParam<std::string> {
@@ -75,7 +68,7 @@ protected:
 
     int expectedStatus() const {
         const fs::path file = folder / "status";
-        return fs::exists(file) ? std::stoi(contentOf(file)) : 0;
+        return fs::exists(file) ? std::stoi(readFile(file)) : 0;
     }
 
     void expectFilesAfter() const {
@@ -83,13 +76,13 @@ protected:
         for (const auto& entry : fs::recursive_directory_iterator(folder / "after")) {
             if (!entry.is_regular_file()) continue;
             const fs::path name = fs::relative(entry.path(), folder / "after");
-            EXPECT_EQ(contentOf(work / name), contentOf(entry.path())) << "in " << name;
+            EXPECT_EQ(readFile(work / name), readFile(entry.path())) << "in " << name;
         }
     }
 
     void expectNothingAtAbsentNames() const {
         if (!fs::exists(folder / "absent")) return;
-        std::istringstream names(contentOf(folder / "absent"));
+        std::istringstream names(readFile(folder / "absent"));
         for (std::string name; std::getline(names, name);)
             EXPECT_FALSE(fs::exists(fs::symlink_status(work / name))) << name << " was made";
     }
@@ -104,7 +97,7 @@ TEST_P(CliTest, TheRunEndsAsToldBesideTheCommand) {
     const std::string errors = scratch.read("stderr");
 
     EXPECT_EQ(status, expectedStatus()) << errors;
-    EXPECT_EQ(scratch.read("stdout"), contentOf(folder / "stdout")) << errors;
+    EXPECT_EQ(scratch.read("stdout"), readFile(folder / "stdout")) << errors;
     EXPECT_EQ(errors.find("Sanitizer"), std::string::npos) << errors;
     EXPECT_EQ(errors.find("runtime error"), std::string::npos) << errors;
     expectFilesAfter();

@@ -12,6 +12,12 @@ namespace tarvik_test {
 
 namespace fs = std::filesystem;
 
+std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + path);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 TempDir::TempDir() {
     const char* parent = std::getenv("TMPDIR");
     const bool given = parent != nullptr && *parent != '\0';
@@ -34,13 +40,6 @@ std::string TempDir::write(const std::string& relativeName, const std::string& b
     file.close();
     if (!file) throw std::runtime_error("cannot write " + target.string());
     return target.string();
-}
-
-std::string TempDir::read(const std::string& relativeName) const {
-    const fs::path source = fs::path(directory) / relativeName;
-    std::ifstream file(source, std::ios::binary);
-    if (!file) throw std::runtime_error("cannot read " + source.string());
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 }  // namespace tarvik_test

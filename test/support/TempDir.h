@@ -5,6 +5,9 @@
 
 namespace tarvik_test {
 
+/// The bytes of a file. Throws `std::runtime_error` when it cannot be read.
+std::string readFile(const std::string& path);
+
 /// Stands under $TMPDIR, or under /tmp without it. The destructor removes it with all that it
 /// holds by then.
 class TempDir {
@@ -20,8 +23,9 @@ public:
     /// Writes a file, over an older one too, and answers its full path. Directories in the name are
     /// made. Throws `std::runtime_error` when the bytes do not get there.
     std::string write(const std::string& relativeName, const std::string& bytes) const;
-    /// The bytes of a file. Throws `std::runtime_error` when it cannot be read.
-    [[nodiscard]] std::string read(const std::string& relativeName) const;
+    [[nodiscard]] std::string read(const std::string& relativeName) const {
+        return readFile(directory + "/" + relativeName);
+    }
 
 private:
     std::string directory;

@@ -2,13 +2,12 @@
 // order, one "line: message" a fault. A new case is two files and no code.
 
 #include "apps/handlechecker/validation/HandleValidator.h"
+#include "test/support/TempDir.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -34,12 +33,6 @@ std::string testName(const testing::TestParamInfo<std::string>& info) {
     return name;
 }
 
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << path << " is missing";
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 std::string asText(const std::vector<Tarvik::HandleValidator::Error>& errors) {
     std::string text;
     for (const auto& error : errors)
@@ -58,7 +51,7 @@ TEST_P(HandleCasesTest, TheFaultsAreThoseToldBesideTheHandle) {
     ASSERT_TRUE(validator.loadHandle(path));
     const bool valid = validator.validate();
 
-    EXPECT_EQ(asText(validator.getErrorList()), contentOf(base + ".expected"));
+    EXPECT_EQ(asText(validator.getErrorList()), tarvik_test::readFile(base + ".expected"));
     EXPECT_EQ(valid, validator.getErrorList().empty());
 }
 

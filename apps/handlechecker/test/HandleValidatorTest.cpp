@@ -65,14 +65,4 @@ TEST(HandleValidatorTest, AFileStartsFromNothingWhateverStoodInTheOneBefore) {
     EXPECT_EQ(validator.getNameLine(), 3U);
 }
 
-TEST(HandleValidatorTest, AnEmptyFileIsReadAgainInPlaceOfTheNext) {
-    const tarvik_test::TempDir dir;
-    Tarvik::HandleValidator validator;
-    for (std::string path : {dir.write("a.conf", ""), dir.write("b.conf", "handle\n")}) {
-        EXPECT_TRUE(validator.loadHandle(path));
-        EXPECT_FALSE(validator.validate());
-        EXPECT_EQ(validator.getErrors(), "\n\t- File Empty in line 0\n\t- Ignoring Handle");
-    }
-}
-
 }  // namespace

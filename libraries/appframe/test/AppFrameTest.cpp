@@ -80,28 +80,16 @@ struct CommandCase {
     const char* name;
     std::vector<const char*> words;
     bool accepted;
-    AppFrame::AppState state;
     const char* printed;
 };
 
+// An accepted command line that prints something is done with that.
 const auto commands = std::to_array<CommandCase>({
-    {"nothing to say", {"tool"}, true, AppFrame::AppStateRun, ""},
-    {"a lone line has no end",
-     {"tool", "--version"},
-     true,
-     AppFrame::AppStateDone,
-     "Version=7.0.0.0"},
-    {"two lines, in a fixed order",
-     {"tool", "--revision", "--version"},
-     true,
-     AppFrame::AppStateDone,
-     "Version=7.0.0.0\nRevision=25267"},
-    {"a bad word changes no state",
-     {"tool", "--version", "-x"},
-     false,
-     AppFrame::AppStateRun,
-     "ERROR: Unknown option 'x'\n"},
-    {"no words at all", {}, false, AppFrame::AppStateRun, "ERROR: Missing executable argument\n"},
+    {"nothing to say", {"tool"}, true, ""},
+    {"a lone line has no end", {"tool", "--version"}, true, "Version=7.0.0.0"},
+    {"a fixed order", {"tool", "--revision", "--version"}, true, "Version=7.0.0.0\nRevision=25267"},
+    {"a bad word", {"tool", "--version", "-x"}, false, "ERROR: Unknown option 'x'\n"},
+    {"no words at all", {}, false, "ERROR: Missing executable argument\n"},
 });
 
 TEST_F(AppFrameTest, TheCommandLineIsAnsweredAtOnce) {
@@ -117,7 +105,8 @@ TEST_F(AppFrameTest, TheCommandLineIsAnsweredAtOnce) {
         bool accepted = false;
         EXPECT_EQ(printedBy([&] { accepted = application.parseCmd(); }), row.printed) << row.name;
         EXPECT_EQ(accepted, row.accepted) << row.name;
-        EXPECT_EQ(application.getAppState(), row.state) << row.name;
+        const bool isDone = row.accepted && *row.printed != '\0';
+        EXPECT_EQ(application.getAppState() == AppFrame::AppStateDone, isDone) << row.name;
     }
 }
 

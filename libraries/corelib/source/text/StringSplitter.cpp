@@ -25,7 +25,6 @@ public:
 
 private:
     [[nodiscard]] std::size_t findEnd(std::size_t pos) const;
-    [[nodiscard]] std::size_t findEndEscaping(std::size_t pos) const;
     void trimItem();
 
     std::string_view text;
@@ -46,22 +45,7 @@ bool SplitData::advance() {
 }
 
 std::size_t SplitData::findEnd(std::size_t pos) const {
-    if ((flags & StringSplitter::SplitQuoted) != 0) return findEndEscaping(pos);
     return std::min(text.find(delimiter, pos), text.size());
-}
-
-// A quote of the other kind inside a quoted stretch takes the state over, and a backslash shields
-// quotes only, never a delimiter. On purpose.
-std::size_t SplitData::findEndEscaping(std::size_t pos) const {
-    char quote = 0;
-    bool escaped = false;
-    for (; pos < text.size(); ++pos) {
-        const char c = text[pos];
-        if (quote == 0 && c == delimiter) break;
-        if ((c == '\'' || c == '"') && !escaped) quote = quote == c ? '\0' : c;
-        escaped = c == '\\' && !escaped;
-    }
-    return pos;
 }
 
 void SplitData::trimItem() {

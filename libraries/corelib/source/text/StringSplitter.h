@@ -1,4 +1,4 @@
-/// Splits texts that hold quotes: lists of words, and command lines.
+/// Splits texts: lists of words, and command lines.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +14,12 @@ public:
     enum SplitFlag : int {
         SplitTrim = 1,
         SplitSkipEmpty = 4,
-        SplitQuoted = 16,
     };
     static constexpr auto NoLimit = static_cast<std::size_t>(-1);
 
     /// The items between the delimiters, of which at most `limit`: the last one then holds all that
     /// is left, delimiters included. A text that ends in a delimiter has no empty last item, an
-    /// empty text no item at all. `SplitQuoted` leaves delimiters between quotes alone and keeps
-    /// the quotes.
+    /// empty text no item at all.
     static std::list<std::string> toList(const std::string& text, char delimiter, int flags,
                                          std::size_t limit);
 

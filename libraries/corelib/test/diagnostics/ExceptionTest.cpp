@@ -82,17 +82,6 @@ TEST(ExceptionTest, AContainerShowsItsCausesBelowWithTheirNames) {
     EXPECT_EQ(Exception().getFullMessage(false), "");
 }
 
-TEST(ExceptionTest, EachNameIsCaughtAsATypeOfItsOwn) {
-    EXPECT_THROW(throw Store::Read_Failure("x"), Store::Read_Failure);
-    try {
-        throw Store::Read_Failure("x");
-    } catch (const Store::Open_Failure&) {
-        FAIL();
-    } catch (const Exception& exception) {
-        EXPECT_EQ(exception.getFullMessage(true), "Read_Failure: x");
-    }
-}
-
 TEST(ExceptionTest, ALocationNamesTheFileAndARevisionOtherThanZero) {
     EXPECT_EQ(sourceText("a/b/c", 7, 0), " @logsrc{file=\"c\" line=7};");
     EXPECT_EQ(sourceText("c", 7, 12), " @logsrc{file=\"c\" line=7 rev=12};");

@@ -38,13 +38,9 @@ TEST_F(GlobalDataTest, TheFirstStopWins) {
         EXPECT_TRUE(GlobalData::mustQuit(reason)) << row.name;
         EXPECT_EQ(reason, "first") << row.name;
         EXPECT_EQ(GlobalData::SCode, row.code) << row.name;
+        EXPECT_EQ(GlobalData::Signal, 0) << "the number of a signal is not stored";
         GlobalData::reset();
     }
-}
-
-TEST_F(GlobalDataTest, ASignalLeavesItsNumberOut) {
-    GlobalData::setSignal(15, "Intercepted signal 15");
-    EXPECT_EQ(GlobalData::Signal, 0);
 }
 
 TEST_F(GlobalDataTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {

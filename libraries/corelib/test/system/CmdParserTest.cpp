@@ -125,12 +125,6 @@ TEST_F(CmdParserTest, AMappedValueMustBeInTheMap) {
     EXPECT_EQ(given(), " a file=one mode=on <a b>");
 }
 
-TEST_F(CmdParserTest, ABlankNameIsNoOptions) {
-    EXPECT_TRUE(parser.parse("level=1 --rest x", output, ""));
-    EXPECT_FALSE(parser.haveOption(""));
-    EXPECT_FALSE(parser.haveOption('\0'));
-}
-
 TEST_F(CmdParserTest, OptionsThatCannotBeAreNotSpecified) {
     EXPECT_FALSE(parser.specifyOptionOnlyArg("", 'a', "alpha"));
     EXPECT_TRUE(parser.specifyOptionWithValueArg("", 'a', "alpha", {}));
@@ -156,32 +150,6 @@ TEST(CmdParserArgumentsTest, WithoutAnyWordsTheExecutableIsMissing) {
         std::string output;
         EXPECT_FALSE(parser.parse(1, words, output, ""));
         EXPECT_EQ(output, "Missing executable argument");
-    }
-}
-
-constexpr const char* standardUsage =
-    "Usage: HandleChecker [options]\n"
-    "Options:\n"
-    "  -?\n"
-    "    --help           : Display this help text\n"
-    "  --version          : Display version information\n"
-    "  --revision         : Display SVN revision information\n"
-    "  --debug <arg>      : Set debug level\n";
-
-const auto standardRequests = std::to_array<WordsCase>({
-    {"help", {"app", "--help"}, standardUsage},
-    {"its letter, before all else", {"app", "--version", "-?"}, standardUsage},
-    {"version", {"app", "--revision", "--version"}, "7.0.0.0"},
-    {"revision", {"app", "--revision"}, "25267"},
-    {"none", {"app"}, ""},
-});
-
-TEST(CmdParserArgumentsTest, StandardOptionsAnswerWithATextInTheirOrder) {
-    for (const WordsCase& row : standardRequests) {
-        CmdParser parser("HandleChecker", true);
-        std::string output;
-        EXPECT_TRUE(parser.parse(row.words, output, "")) << row.name;
-        EXPECT_EQ(output, row.given) << row.name;
     }
 }
 

@@ -28,17 +28,6 @@ const auto lists = std::to_array<ListCase>({
     {"a limit of 0 gives the whole text", " a,b", trimAndSkip, 0, {" a,b"}},
     {"blanks around an item", " a\t, ,b c ", trimAndSkip, none, {"a", "b c"}},
     {"trimmed, the rest keeps its end", "a, b ,c ", StringSplitter::SplitTrim, 2, {"a", "b ,c "}},
-    {"quotes protect", "a 'b,c',d", StringSplitter::SplitQuoted, none, {"a 'b,c'", "d"}},
-    {"a quote of the other kind takes over",
-     R"("a'b",c',d)",
-     StringSplitter::SplitQuoted,
-     none,
-     {R"("a'b",c',d)"}},
-    {"a backslash protects from a quote, not from a delimiter",
-     R"(\'a\,b)",
-     StringSplitter::SplitQuoted,
-     none,
-     {R"(\'a\)", "b"}},
 });
 
 TEST(StringSplitterTest, ToListFollowsItsFlags) {
