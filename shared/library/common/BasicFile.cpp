@@ -49,7 +49,7 @@ bool isUsable(int descriptor, const AccessTraits& access) {
 // Opens without waiting, and then lets reads and writes wait as usual.
 std::FILE* openStream(const std::string& name, const AccessTraits& access) {
     const int descriptor =
-        ::open(name.c_str(), access.flags | O_NONBLOCK | O_CLOEXEC, newFilePermissions);
+        ::open(name.c_str(), access.flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, newFilePermissions);
     if (descriptor < 0) return nullptr;
     const int flags = fcntl(descriptor, F_GETFL);
     std::FILE* stream = nullptr;
@@ -163,7 +163,7 @@ bool BasicFile::seek(long long offset, FilePosBase base, FileOperation /*op*/) {
     emptyFills = 0;
     const int origin = seekOrigins[static_cast<std::size_t>(base)];
     const bool moved = fseeko64(stream.get(), offset, origin) == 0;
-    streamPos = ftello64(stream.get());
+    askPosition();
     return moved || fail(FileSeekFailed);
 }
 
@@ -198,7 +198,7 @@ void BasicFile::setSizeBySeek() {
 bool BasicFile::write(const std::string& bytes) {
     if (!prepareToWrite()) return false;
     const std::size_t written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get());
-    streamPos = ftello64(stream.get());
+    askPosition();
     return written == bytes.size() || fail(FileShortWrite);
 }
 
@@ -259,6 +259,11 @@ bool BasicFile::fillBuffer() {
     streamPos += static_cast<std::int64_t>(bufferEnd);
     emptyFills = bufferEnd == 0 ? emptyFills + 1 : 0;
     return bufferEnd > 0;
+}
+
+void BasicFile::askPosition() {
+    const std::int64_t position = ftello64(stream.get());
+    if (position >= 0) streamPos = position;
 }
 
 void BasicFile::emptyBuffer() {

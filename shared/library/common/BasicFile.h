@@ -126,6 +126,8 @@ private:
     bool prepareToWrite();
     /// False when no byte came.
     bool fillBuffer();
+    /// Leaves the position as it was counted where the stream, a terminal's say, has none.
+    void askPosition();
     void emptyBuffer();
     [[nodiscard]] bool readFailed();
     [[nodiscard]] std::size_t unreadBytes() const { return bufferEnd - bufferPos; }

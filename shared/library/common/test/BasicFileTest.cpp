@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <vector>
 
 namespace Tarvik {
@@ -90,6 +92,15 @@ TEST(BasicFileTest, WhatCannotBeReadLikeAFileIsNotOpenedAndNotWaitedFor) {
     EXPECT_FALSE(file.open(fifo, AccessWrite));
     EXPECT_EQ(file.getLastError(), FileOpenFailed);
     EXPECT_TRUE(file.atEof(OperationAny));
+}
+
+TEST(BasicFileTest, ATerminalHasNoSizeAndIsNotWaitedFor) {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    if (terminal < 0 || unlockpt(terminal) != 0) GTEST_SKIP() << "no terminals here";
+    BasicFile file;
+    EXPECT_TRUE(file.open(ptsname(terminal), AccessRead));
+    EXPECT_TRUE(file.atEof(OperationAny));
+    close(terminal);
 }
 
 TEST(BasicFileTest, AFileEndsAtTheSizeItHadWhenOpened) {
