@@ -88,6 +88,8 @@ bool BasicFile::open(const std::string& newName, FileAccessMode mode) {
     name = newName;
     accessMode = mode;
     streamPos = 0;
+    // A stream that only appends begins behind the last byte.
+    if (mode == AccessAppend && fseeko64(stream.get(), 0, SEEK_END) == 0) askPosition();
     emptyFills = 0;
     sizeKnown = false;
     if (isReadable()) setSizeBySeek();

@@ -143,6 +143,7 @@ TEST(BasicFileTest, AppendingKeepsWhatIsThereAndCreatingDropsIt) {
     const std::string path = dir.write("f", "old");
     BasicFile file;
     ASSERT_TRUE(file.open(path, AccessAppend));
+    EXPECT_EQ(file.getPos(OperationWrite), 3);
     EXPECT_TRUE(file.write("new"));
     file.close();
     EXPECT_EQ(dir.read("f"), "oldnew");
