@@ -66,8 +66,8 @@ public:
     /// that same empty file again.
     bool validate();
     /// Reads the loaded file for a name only: the value of its last line with the key "name",
-    /// wherever that stands, comments included. Leaves `name` alone if there is none, adds no
-    /// error, and closes the file.
+    /// inside a section too, with any comment behind the value left in it. Leaves `name` alone if
+    /// there is none, adds no error, and closes the file.
     void nameScanner(std::string& name);
 
     /// Turns the checks for the existence of files off, for all files to come. The name misleads.
@@ -135,7 +135,7 @@ private:
     void checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key);
 
     BasicFile file;
-    /// Lines read so far; every error carries it.
+    /// Lines read so far.
     unsigned long lineNumber = 0;
     Error lastError;
     std::vector<Error> errors;

@@ -49,8 +49,8 @@ enum FileError : std::int32_t {
 /// A file that is read by lines or blocks through a buffer of its own, or written.
 ///
 /// Nothing throws: an operation that fails says so by its result, and `getLastError` says why until
-/// the next operation that sets it. The size is taken when the file is opened, and the end of the
-/// file is where that size ends: what is appended later is not read.
+/// the next operation that sets it. The end of the file is where its size as last measured ends:
+/// when it was opened, or by `getSize` after a write. What another process appends is not read.
 ///
 /// A directory, a FIFO in a mode that reads, and a FIFO without a reader in one that only writes
 /// cannot be opened: opening never waits for another process.
@@ -80,9 +80,9 @@ public:
     /// the file is not readable or a read fails.
     bool read(std::string& out, long long count);
     std::string read(long long count);
-    /// True for a file that is closed or not readable, at the size that the file had when it was
-    /// opened, and after two fills of the buffer in a row that brought no byte, so that a file that
-    /// shrinks or keeps failing ends. The argument has no effect.
+    /// True for a file that is closed or not readable, at the size as last measured, and after two
+    /// fills of the buffer in a row that brought no byte, so that a file that shrinks or keeps
+    /// failing ends. The argument has no effect.
     bool atEof(FileOperation op);
 
     // --- positions, in bytes from 0
