@@ -1,6 +1,7 @@
 #include "shared/library/common/StringTools.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace Tarvik {
@@ -21,6 +22,77 @@ std::size_t blanksBehind(std::string_view text) {
     return static_cast<std::size_t>(std::find_if_not(text.rbegin(), text.rend(), isBlank) -
                                     text.rbegin());
 }
+
+// A "*" or a "?" behind a "*" is dropped. A "*" behind a "?" is kept without being remembered, so
+// that one more behind it is kept too. On purpose.
+std::string withoutRepeatedStars(const std::string& pattern) {
+    std::string result;
+    char remembered = 0;
+    for (const char byte : pattern) {
+        if (remembered == '*' && (byte == '*' || byte == '?')) continue;
+        result += byte;
+        if (byte != '*' || remembered != '?') remembered = byte;
+    }
+    return result;
+}
+
+// One walk along a pattern and a text.
+class PatternWalk {
+public:
+    PatternWalk(std::string normalisedPattern, std::string_view wholeText)
+        : pattern(std::move(normalisedPattern)), text(wholeText) {}
+
+    bool matches() {
+        while (compare()) {
+            if (patternPos < pattern.size()) {
+                return patternPos + 1 == pattern.size() && pattern.back() == '*';
+            }
+            if (textPos == text.size()) return true;
+            if (pattern.ends_with('*')) return true;
+            if (!starSeen) return false;
+            patternPos = behindStar;
+        }
+        return false;
+    }
+
+private:
+    // To the end of the pattern or of the text; false for a mismatch that no star makes good.
+    bool compare() {
+        while (patternPos < pattern.size() && textPos < text.size()) {
+            const char expected = pattern[patternPos];
+            if (expected == '*') {
+                starSeen = true;
+                behindStar = ++patternPos;
+            } else if (expected == '?' || expected == text[textPos]) {
+                ++patternPos;
+                ++textPos;
+            } else if (starSeen) {
+                goBackToStar();
+            } else {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // The text goes one on, but only at the second mismatch in one place.
+    void goBackToStar() {
+        patternPos = behindStar;
+        if (textPos + 1 == mark) {
+            textPos = mark;
+        } else {
+            mark = textPos + 1;
+        }
+    }
+
+    std::string pattern;
+    std::string_view text;
+    std::size_t patternPos = 0;
+    std::size_t textPos = 0;
+    std::size_t behindStar = 0;
+    std::size_t mark = 0;
+    bool starSeen = false;
+};
 
 }  // namespace
 
@@ -53,6 +125,53 @@ std::string StringTools::split(std::string& text, char separator) {
     std::string field = text.substr(0, at);
     text.erase(0, at + 1);
     return field;
+}
+
+void StringTools::split(const std::string& text, char separator, std::vector<std::string>& out,
+                        int maxParts, bool keepEmpty) {
+    out.clear();
+    std::string_view rest = text;
+    while (out.size() + 1 != static_cast<std::size_t>(maxParts)) {
+        const std::size_t at = rest.find(separator);
+        if (at == std::string_view::npos) break;
+        if (at > 0 || keepEmpty) out.emplace_back(rest.substr(0, at));
+        rest.remove_prefix(at + 1);
+    }
+    if (!rest.empty()) out.emplace_back(rest);
+}
+
+void StringTools::makeLower(std::string& text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char byte) {
+        return static_cast<char>(std::tolower(static_cast<unsigned char>(byte)));
+    });
+}
+
+void StringTools::removeChar(std::string& text, char unwanted) {
+    std::erase(text, unwanted);
+}
+
+bool StringTools::patternMatch(const std::string& pattern, const std::string& text) {
+    // The short patterns are told by the pattern as it was given: "**" does not fit an empty text.
+    if (pattern == "*") return true;
+    if (pattern == "?") return text.size() == 1;
+    if (text.empty()) return false;
+    if (pattern == "?*") return true;
+    return PatternWalk(withoutRepeatedStars(pattern), text).matches();
+}
+
+std::uint64_t StringTools::hashLarge(const std::string& bytes) {
+    constexpr std::uint64_t factor = 37;
+    std::uint64_t hash = 0;
+    for (const char byte : bytes) {
+        // NOLINTNEXTLINE(bugprone-signed-char-misuse): a byte from 0x80 up subtracts. On purpose.
+        const std::int64_t summand = static_cast<signed char>(byte);
+        hash = hash * factor + static_cast<std::uint64_t>(summand);
+    }
+    return hash;
+}
+
+std::string StringTools::toString(long number) {
+    return std::to_string(number);
 }
 
 }  // namespace Tarvik

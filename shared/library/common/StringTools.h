@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarvik {
 
@@ -28,6 +30,28 @@ public:
     /// Pops the first field: returns what stands before the first separator and leaves what stands
     /// behind it. Without a separator the whole text is the field, and nothing is left.
     static std::string split(std::string& text, char separator);
+
+    /// All fields into `out`, which loses what it held. An empty text has no field; empty fields
+    /// count only with `keepEmpty`, and never behind the last separator. Once `maxParts` less one
+    /// fields are there, what is left is the last field, separators included.
+    static void split(const std::string& text, char separator, std::vector<std::string>& out,
+                      int maxParts, bool keepEmpty);
+
+    /// By the C library, so by the process locale.
+    static void makeLower(std::string& text);
+    static void removeChar(std::string& text, char unwanted);
+
+    /// Whether the pattern fits the whole text: "*" stands for any run of bytes, "?" for one. Case
+    /// counts.
+    ///
+    /// Behind a star the match never goes back in the text, so that "*aab" does not fit "aaab".
+    /// This limit is part of the handle format. An empty pattern fits nothing.
+    static bool patternMatch(const std::string& pattern, const std::string& text);
+
+    /// A fingerprint of the bytes; 0 for none.
+    static std::uint64_t hashLarge(const std::string& bytes);
+
+    static std::string toString(long number);
 };
 
 }  // namespace Tarvik

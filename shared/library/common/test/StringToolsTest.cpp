@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 namespace Tarvik {
 namespace {
@@ -56,6 +57,63 @@ TEST(StringToolsTest, SplitPopsTheFieldBeforeTheFirstSeparator) {
         EXPECT_EQ(StringTools::split(text, '='), row.field) << row.text;
         EXPECT_EQ(text, row.rest) << row.text;
     }
+}
+
+struct FieldsCase {
+    const char* text;
+    int maxParts;
+    bool keepEmpty;
+    std::vector<std::string> fields;
+};
+
+constexpr int unlimited = 2147483647;
+
+const auto fieldsCases = std::to_array<FieldsCase>({
+    {"", unlimited, true, {}},
+    {",", unlimited, false, {}},
+    {"a,,b,", unlimited, false, {"a", "b"}},
+    {",a,,b,", unlimited, true, {"", "a", "", "b"}},
+    {"abc", unlimited, false, {"abc"}},
+    {"a,b,c", 2, false, {"a", "b,c"}},
+    {",,a,b", 2, false, {"a", "b"}},
+    {"a,b", 1, false, {"a,b"}},
+});
+
+TEST(StringToolsTest, SplitIntoFieldsDropsEmptyOnesUnlessTheyAreKept) {
+    for (const FieldsCase& row : fieldsCases) {
+        std::vector<std::string> fields{"before"};
+        StringTools::split(row.text, ',', fields, row.maxParts, row.keepEmpty);
+        EXPECT_EQ(fields, row.fields) << '"' << row.text << "\" by " << row.maxParts;
+    }
+}
+
+struct PatternCase {
+    const char* pattern;
+    const char* text;
+    bool matches;
+};
+
+constexpr auto patternCases = std::to_array<PatternCase>({
+    {"*=*", "a=1", true},      {"*=*", "=1", true},     {"*=*", "a=", true},
+    {"*=*", "a1", false},      {"*%", "50%", true},     {"*%", "%", true},
+    {"??", "a", false},        {"?*", "a", true},       {"?*", "", false},
+    {"*", "", true},           {"**", "", false},       {"", "", false},
+    {"", "a", false},          {"A", "a", false},       {"a*b", "aXbXb", true},
+    {"*ab", "aab", true},      {"*aab", "aaab", false}, {"+????*", "+0200", true},
+    {"+????*", "+120", false},
+});
+
+TEST(StringToolsTest, APatternMatchesWithoutGoingBackInTheText) {
+    for (const PatternCase& row : patternCases) {
+        EXPECT_EQ(StringTools::patternMatch(row.pattern, row.text), row.matches)
+            << row.pattern << " on " << row.text;
+    }
+}
+
+TEST(StringToolsTest, TheHashTakesBytesAsSignedNumbersAndWraps) {
+    EXPECT_EQ(StringTools::hashLarge(""), 0U);
+    EXPECT_EQ(StringTools::hashLarge("ab"), 97U * 37U + 98U);
+    EXPECT_EQ(StringTools::hashLarge("\xff"), 18446744073709551615U);
 }
 
 }  // namespace
