@@ -11,19 +11,19 @@ namespace TarvikCorelib {
 
 namespace {
 
-bool hasName(const CmdParser::ArgumentSpec& spec, char shortOpt) {
-    return shortOpt != 0 && spec.shortOpt == shortOpt;
+bool hasName(const CmdParser::ArgumentSpec& option, char shortOpt) {
+    return shortOpt != 0 && option.shortOpt == shortOpt;
 }
 
-bool hasName(const CmdParser::ArgumentSpec& spec, const std::string& longOpt) {
-    return !longOpt.empty() && spec.longOpt == longOpt;
+bool hasName(const CmdParser::ArgumentSpec& option, const std::string& longOpt) {
+    return !longOpt.empty() && option.longOpt == longOpt;
 }
 
 template <class Name>
 const CmdParser::ArgumentSpec* findIn(const std::set<CmdParser::ArgumentSpec>& options,
                                       const Name& name) {
     const auto found = std::find_if(options.begin(), options.end(),
-                                    [&name](const auto& spec) { return hasName(spec, name); });
+                                    [&name](const auto& option) { return hasName(option, name); });
     return found != options.end() ? &*found : nullptr;
 }
 
@@ -31,14 +31,14 @@ template <class Name>
 const CmdParser::ArgumentDef* findIn(const std::set<CmdParser::ArgumentDef>& given,
                                      const Name& name) {
     const auto found = std::find_if(given.begin(), given.end(),
-                                    [&name](const auto& def) { return hasName(def.spec, name); });
+                                    [&name](const auto& def) { return hasName(def.option, name); });
     return found != given.end() ? &*found : nullptr;
 }
 
 bool copyValue(const CmdParser::ArgumentDef* given, std::string& value) {
     if (given == nullptr) return false;
     value = given->value;
-    return given->spec.type != CmdParser::OptionOnly;
+    return given->option.type != CmdParser::OptionOnly;
 }
 
 bool copyNumber(const CmdParser::ArgumentDef* given, int& result,
@@ -77,7 +77,7 @@ int CmdParser::ArgumentSpec::compare(const ArgumentSpec& other) const {
 }
 
 bool CmdParser::ArgumentDef::operator<(const ArgumentDef& other) const {
-    const int order = spec.compare(other.spec);
+    const int order = option.compare(other.option);
     return order != 0 ? order < 0 : value < other.value;
 }
 
@@ -137,14 +137,14 @@ bool CmdParser::specify(const std::string& doc, ArgumentType type, char shortOpt
                         const std::string& longOpt, const std::set<std::string>& fixedValues) {
     const bool isNamed = shortOpt != 0 || !longOpt.empty();
     const auto order = static_cast<std::uint32_t>(options.size());
-    const ArgumentSpec spec{order, type, shortOpt, longOpt, fixedValues, doc};
+    const ArgumentSpec option{order, type, shortOpt, longOpt, fixedValues, doc};
     if (type == ValueArg) {
         if (isNamed || !fixedValues.empty()) return false;
-        valueSpecs.push_back(spec);
+        valueSpecs.push_back(option);
         return true;
     }
     if (type == RequiredOptionWithFixedValues && fixedValues.empty()) return false;
-    if (!isNamed || !options.insert(spec).second) return false;
+    if (!isNamed || !options.insert(option).second) return false;
     constexpr std::size_t indent = 4;
     maxOptionWidth = std::max(maxOptionWidth, longOpt.size() + indent);
     return true;
@@ -213,9 +213,9 @@ bool CmdParser::parseWordArg(ParserArgs& state, const std::string& word) {
 bool CmdParser::parseOption(ParserArgs& state, std::string word) {
     while (true) {
         std::string name;
-        const ArgumentSpec* spec = parseLongOrShortOption(state, word, name);
-        if (spec == nullptr) return parseUnknownOption(state, word, name);
-        if (!registerArgument(state, *spec, name)) return false;
+        const ArgumentSpec* option = parseLongOrShortOption(state, word, name);
+        if (option == nullptr) return parseUnknownOption(state, word, name);
+        if (!registerArgument(state, *option, name)) return false;
         if (state.optionsToken.empty()) return true;
         word = "-" + state.optionsToken;
         state.optionsToken.clear();
@@ -247,12 +247,12 @@ bool CmdParser::parseUnknownOption(ParserArgs& state, const std::string& word,
 bool CmdParser::parseOptionEquals(ParserArgs& state, const std::string& word) {
     std::string value = word;
     const std::string name = StringTools::split(value, '=');
-    const ArgumentSpec* spec = findOpt(name);
-    if (spec == nullptr) return fail(state.error, "Unknown option '" + name + "'");
-    if (spec->type != OptionEqualsValue) {
+    const ArgumentSpec* option = findOpt(name);
+    if (option == nullptr) return fail(state.error, "Unknown option '" + name + "'");
+    if (option->type != OptionEqualsValue) {
         return fail(state.error, "Option '" + name + "' must be option=value");
     }
-    parsedOptions.insert({*spec, value});
+    parsedOptions.insert({*option, value});
     return true;
 }
 
@@ -268,18 +268,18 @@ bool CmdParser::parsePlainArg(ParserArgs& state, const std::string& word) {
     return true;
 }
 
-bool CmdParser::registerArgument(ParserArgs& state, const ArgumentSpec& spec,
+bool CmdParser::registerArgument(ParserArgs& state, const ArgumentSpec& option,
                                  const std::string& name) {
     std::string value;
-    if (spec.type != OptionOnly) {
-        if (!readValue(state, spec, name, value)) return false;
+    if (option.type != OptionOnly) {
+        if (!readValue(state, option, name, value)) return false;
         if (value.starts_with('"')) StringTools::unQuote(value);
     }
-    parsedOptions.insert({spec, value});
+    parsedOptions.insert({option, value});
     return true;
 }
 
-bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& spec, const std::string& name,
+bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& option, const std::string& name,
                           std::string& value) {
     if (!state.optionsToken.empty()) {
         return fail(state.error, "Option '" + name +
@@ -289,11 +289,11 @@ bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& spec, const std
         return fail(state.error, "Missing argument to '" + name + "' option");
     }
     value = state.words[state.next++];
-    if (spec.type == Remainder) {
+    if (option.type == Remainder) {
         while (state.next < state.words.size())
             value += " " + state.words[state.next++];
     }
-    if (spec.type == RequiredOptionWithFixedValues && !spec.fixedValues.contains(value)) {
+    if (option.type == RequiredOptionWithFixedValues && !option.fixedValues.contains(value)) {
         return fail(state.error, "Invalid argument to '" + name + "' option");
     }
     return true;

@@ -44,7 +44,7 @@ public:
 
     /// An argument that was given.
     struct ArgumentDef {
-        ArgumentSpec spec;
+        ArgumentSpec option;
         std::string value;
 
         bool operator<(const ArgumentDef& other) const;
@@ -133,8 +133,8 @@ private:
     bool parseUnknownOption(ParserArgs& state, const std::string& word, const std::string& name);
     bool parseOptionEquals(ParserArgs& state, const std::string& word);
     bool parsePlainArg(ParserArgs& state, const std::string& word);
-    bool registerArgument(ParserArgs& state, const ArgumentSpec& spec, const std::string& name);
-    static bool readValue(ParserArgs& state, const ArgumentSpec& spec, const std::string& name,
+    bool registerArgument(ParserArgs& state, const ArgumentSpec& option, const std::string& name);
+    static bool readValue(ParserArgs& state, const ArgumentSpec& option, const std::string& name,
                           std::string& value);
     void answerStandardOptions(std::string& output) const;
 
@@ -145,8 +145,8 @@ private:
     static bool isOptionEquals(std::string_view word);
 
     [[nodiscard]] std::string optionRows() const;
-    [[nodiscard]] std::string optionRow(const ArgumentSpec& spec) const;
-    [[nodiscard]] std::string fixedValueLines(const ArgumentSpec& spec) const;
+    [[nodiscard]] std::string optionRow(const ArgumentSpec& option) const;
+    [[nodiscard]] std::string fixedValueLines(const ArgumentSpec& option) const;
 
     std::vector<std::string> args;
     std::set<ArgumentSpec> options;

@@ -47,19 +47,19 @@ std::string joinFixedValues(const std::set<std::string>& values) {
     return "(One of: " + text + ")";
 }
 
-bool carriesValue(const CmdParser::ArgumentSpec& spec) {
-    return spec.type != CmdParser::OptionOnly;
+bool carriesValue(const CmdParser::ArgumentSpec& option) {
+    return option.type != CmdParser::OptionOnly;
 }
 
 // What stands before the colon. An option with both names takes two lines.
-std::string optionNames(const CmdParser::ArgumentSpec& spec) {
-    const std::string argument = carriesValue(spec) ? " <arg>" : "";
-    if (spec.shortOpt == 0) {
-        if (spec.type == CmdParser::OptionEqualsValue) return "  " + spec.longOpt + "=<value>";
-        return "  --" + spec.longOpt + argument;
+std::string optionNames(const CmdParser::ArgumentSpec& option) {
+    const std::string argument = carriesValue(option) ? " <arg>" : "";
+    if (option.shortOpt == 0) {
+        if (option.type == CmdParser::OptionEqualsValue) return "  " + option.longOpt + "=<value>";
+        return "  --" + option.longOpt + argument;
     }
-    std::string row = std::string("  -") + spec.shortOpt + argument;
-    if (!spec.longOpt.empty()) row += "\n    --" + spec.longOpt + argument;
+    std::string row = std::string("  -") + option.shortOpt + argument;
+    if (!option.longOpt.empty()) row += "\n    --" + option.longOpt + argument;
     return row;
 }
 
@@ -81,8 +81,8 @@ std::string CmdParser::getUsageText() const {
     std::string text = "Usage:";
     if (!appName.empty()) text += " " + appName;
     if (!options.empty()) text += " [options]";
-    for (const ArgumentSpec& spec : valueSpecs)
-        text += " <" + spec.doc + ">";
+    for (const ArgumentSpec& option : valueSpecs)
+        text += " <" + option.doc + ">";
     if (!options.empty()) text += "\nOptions:\n" + optionRows();
     if (!docLines.empty()) text += "\n";
     for (const std::string& line : docLines)
@@ -94,28 +94,28 @@ std::string CmdParser::getUsageText() const {
 // In the order in which they were specified.
 std::string CmdParser::optionRows() const {
     std::vector<const ArgumentSpec*> ordered(options.size());
-    for (const ArgumentSpec& spec : options)
-        ordered[spec.order] = &spec;
+    for (const ArgumentSpec& option : options)
+        ordered[option.order] = &option;
     std::string text;
-    for (const ArgumentSpec* spec : ordered)
-        text += (text.empty() ? "" : "\n") + optionRow(*spec);
+    for (const ArgumentSpec* option : ordered)
+        text += (text.empty() ? "" : "\n") + optionRow(*option);
     return text;
 }
 
-std::string CmdParser::optionRow(const ArgumentSpec& spec) const {
-    std::string row = optionNames(spec);
+std::string CmdParser::optionRow(const ArgumentSpec& option) const {
+    std::string row = optionNames(option);
     const std::size_t lastLine = row.rfind('\n') + 1;
     row.resize(std::max(row.size(), lastLine + maxOptionWidth + rowMargin), ' ');
-    return row + ": " + spec.doc + fixedValueLines(spec);
+    return row + ": " + option.doc + fixedValueLines(option);
 }
 
-std::string CmdParser::fixedValueLines(const ArgumentSpec& spec) const {
-    if (spec.fixedValues.empty()) return {};
+std::string CmdParser::fixedValueLines(const ArgumentSpec& option) const {
+    if (option.fixedValues.empty()) return {};
     const std::size_t available = LineWidth + rowMargin;
     const std::size_t width = available - std::min(available, maxOptionWidth);
     const StringTools::LineSizeSearcher searcher(static_cast<std::uint32_t>(width),
                                                  StringTools::whitespace() + "-/.,:;&+*%");
-    const std::string text = joinFixedValues(spec.fixedValues);
+    const std::string text = joinFixedValues(option.fixedValues);
     std::string lines;
     std::size_t start = 0;
     std::size_t length = 0;
