@@ -40,22 +40,22 @@ const AccessTraits& traitsOf(FileAccessMode mode) {
     return accessTraits[static_cast<std::size_t>(mode)];
 }
 
-bool isUsable(int descriptor, const AccessTraits& access) {
-    struct stat status {};
+// Whether it is a file as our users mean it, then set to wait in reads and writes as usual.
+bool isUsable(int descriptor, const AccessTraits& access, struct stat& status) {
     if (fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode)) return false;
-    return !(access.reads && S_ISFIFO(status.st_mode));
+    // Nobody ever waits for a regular file.
+    if (S_ISREG(status.st_mode)) return true;
+    if (access.reads && S_ISFIFO(status.st_mode)) return false;
+    return fcntl(descriptor, F_SETFL, access.flags & O_APPEND) == 0;
 }
 
-// Opens without waiting, and then lets reads and writes wait as usual.
-std::FILE* openStream(const std::string& name, const AccessTraits& access) {
+// Opens without waiting.
+std::FILE* openStream(const std::string& name, const AccessTraits& access, struct stat& status) {
     const int descriptor =
         ::open(name.c_str(), access.flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, newFilePermissions);
     if (descriptor < 0) return nullptr;
-    const int flags = fcntl(descriptor, F_GETFL);
     std::FILE* stream = nullptr;
-    if (isUsable(descriptor, access) && fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) == 0) {
-        stream = fdopen(descriptor, access.modeText);
-    }
+    if (isUsable(descriptor, access, status)) stream = fdopen(descriptor, access.modeText);
     if (stream == nullptr) ::close(descriptor);
     return stream;
 }
@@ -83,18 +83,23 @@ bool BasicFile::open(const std::string& newName, FileAccessMode mode) {
     if (!isClosed()) return fail(FileAlreadyOpen);
     if (mode < AccessClosed || mode > AccessAppendUpdate) return fail(FileUnknownAccessMode);
     if (mode == AccessClosed) return true;
-    stream.reset(openStream(newName, traitsOf(mode)));
+    struct stat status {};
+    stream.reset(openStream(newName, traitsOf(mode), status));
     if (stream == nullptr) return fail(FileOpenFailed);
+    // Kept from file to file: the C library would make one anew for each.
+    streamBuffer.resize(StreamBufferSize);
+    std::setvbuf(stream.get(), streamBuffer.data(), _IOFBF, streamBuffer.size());
     name = newName;
     accessMode = mode;
     streamPos = 0;
     // A stream that only appends begins behind the last byte.
     if (mode == AccessAppend && fseeko64(stream.get(), 0, SEEK_END) == 0) askPosition();
     emptyFills = 0;
-    sizeKnown = false;
-    if (isReadable()) setSizeBySeek();
     lastOperation = OperationNone;
     emptyBuffer();
+    size = status.st_size;
+    sizeKnown = S_ISREG(status.st_mode);
+    if (isReadable() && !sizeKnown) setSizeBySeek();
     return true;
 }
 
@@ -118,7 +123,11 @@ bool BasicFile::readLine(std::string& line) {
     while (unreadBytes() > 0 || fillBuffer()) {
         const std::string_view unread(buffer.data() + bufferPos, unreadBytes());
         const std::size_t end = unread.find('\n');
-        appendWithoutCarriageReturns(line, unread.substr(0, end));
+        if (bufferHoldsReturns) {
+            appendWithoutCarriageReturns(line, unread.substr(0, end));
+        } else {
+            line.append(unread.substr(0, end));
+        }
         if (end != std::string_view::npos) {
             bufferPos += end + 1;
             break;
@@ -257,8 +266,13 @@ bool BasicFile::fillBuffer() {
     // An error of an earlier fill has been reported by then and must not spoil what comes now.
     std::clearerr(stream.get());
     emptyBuffer();
-    bufferEnd = std::fread(buffer.data(), 1, buffer.size(), stream.get());
+    // Not beyond the end as measured: asking there costs a call of the system.
+    const std::int64_t left = size - streamPos;
+    const std::size_t wanted =
+        left > 0 ? std::min(buffer.size(), static_cast<std::size_t>(left)) : buffer.size();
+    bufferEnd = std::fread(buffer.data(), 1, wanted, stream.get());
     streamPos += static_cast<std::int64_t>(bufferEnd);
+    bufferHoldsReturns = std::memchr(buffer.data(), '\r', bufferEnd) != nullptr;
     emptyFills = bufferEnd == 0 ? emptyFills + 1 : 0;
     return bufferEnd > 0;
 }

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Tarvik {
 
@@ -116,6 +117,7 @@ public:
 
 private:
     static constexpr std::size_t BufferSize = 1024;
+    static constexpr std::size_t StreamBufferSize = 16384;
 
     struct StreamCloser {
         void operator()(std::FILE* stream) const;
@@ -134,6 +136,8 @@ private:
 
     std::string name;
     FileAccessMode accessMode = AccessClosed;
+    /// The C library's own buffer; there for as long as the stream.
+    std::vector<char> streamBuffer;
     std::unique_ptr<std::FILE, StreamCloser> stream;
     std::int64_t size = 0;
     bool sizeKnown = false;
@@ -142,6 +146,7 @@ private:
     std::array<char, BufferSize> buffer{};
     std::uint64_t bufferPos = 0;
     std::uint64_t bufferEnd = 0;
+    bool bufferHoldsReturns = false;
     /// The stream's position, counted along: asking the stream for it at each line is slow.
     std::int64_t streamPos = 0;
     /// Fills in a row that brought no byte.
