@@ -13,7 +13,7 @@ bool FileOps::exists(std::string path) {
 
 bool FileOps::getFileInfo(const std::string& path, FileInfoT& info) {
     // A wildcard never names one file here, even if a file of that very name exists.
-    if (path.find_first_of("?*") != std::string::npos) return false;
+    if (path.find('?') != std::string::npos || path.find('*') != std::string::npos) return false;
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) return false;
     info.size = static_cast<std::uint64_t>(status.st_size);

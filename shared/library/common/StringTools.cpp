@@ -13,16 +13,6 @@ constexpr bool isBlank(char byte) {
     return static_cast<signed char>(byte) <= 32;
 }
 
-std::size_t blanksAhead(std::string_view text) {
-    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isBlank) -
-                                    text.begin());
-}
-
-std::size_t blanksBehind(std::string_view text) {
-    return static_cast<std::size_t>(std::find_if_not(text.rbegin(), text.rend(), isBlank) -
-                                    text.rbegin());
-}
-
 // A "*" or a "?" behind a "*" is dropped. A "*" behind a "?" is kept without being remembered, so
 // that one more behind it is kept too. On purpose.
 std::string withoutRepeatedStars(const std::string& pattern) {
@@ -102,21 +92,35 @@ std::size_t StringTools::trim(std::string& text) {
 }
 
 std::size_t StringTools::trimLeft(std::string& text) {
-    const std::size_t count = blanksAhead(text);
-    text.erase(0, count);
+    const std::size_t count = text.size() - trimmedLeft(text).size();
+    if (count > 0) text.erase(0, count);
     return count;
 }
 
 std::size_t StringTools::trimRight(std::string& text) {
-    const std::size_t count = blanksBehind(text);
+    const std::size_t count = text.size() - trimmedRight(text).size();
     text.resize(text.size() - count);
     return count;
 }
 
 std::string_view StringTools::trimmed(std::string_view text) {
-    text.remove_suffix(blanksBehind(text));
-    text.remove_prefix(blanksAhead(text));
-    return text;
+    return trimmedLeft(trimmedRight(text));
+}
+
+std::string_view StringTools::trimmedLeft(std::string_view text) {
+    std::size_t start = 0;
+    while (start < text.size() && isBlank(text[start])) {
+        ++start;
+    }
+    return text.substr(start);
+}
+
+std::string_view StringTools::trimmedRight(std::string_view text) {
+    std::size_t end = text.size();
+    while (end > 0 && isBlank(text[end - 1])) {
+        --end;
+    }
+    return text.substr(0, end);
 }
 
 std::string StringTools::split(std::string& text, char separator) {
@@ -159,9 +163,9 @@ bool StringTools::patternMatch(const std::string& pattern, const std::string& te
     return PatternWalk(withoutRepeatedStars(pattern), text).matches();
 }
 
-std::uint64_t StringTools::hashLarge(const std::string& bytes) {
+std::uint64_t StringTools::hashLarge(const std::string& bytes, std::uint64_t before) {
     constexpr std::uint64_t factor = 37;
-    std::uint64_t hash = 0;
+    std::uint64_t hash = before;
     for (const char byte : bytes) {
         // NOLINTNEXTLINE(bugprone-signed-char-misuse): a byte from 0x80 up subtracts. On purpose.
         const std::int64_t summand = static_cast<signed char>(byte);

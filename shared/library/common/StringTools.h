@@ -24,8 +24,10 @@ public:
     static std::size_t trimLeft(std::string& text);
     static std::size_t trimRight(std::string& text);
 
-    /// What `trim` would leave, as a view into the same bytes.
+    /// What each of them would leave, as a view into the same bytes.
     [[nodiscard]] static std::string_view trimmed(std::string_view text);
+    [[nodiscard]] static std::string_view trimmedLeft(std::string_view text);
+    [[nodiscard]] static std::string_view trimmedRight(std::string_view text);
 
     /// Pops the first field: returns what stands before the first separator and leaves what stands
     /// behind it. Without a separator the whole text is the field, and nothing is left.
@@ -48,8 +50,9 @@ public:
     /// This limit is part of the handle format. An empty pattern fits nothing.
     static bool patternMatch(const std::string& pattern, const std::string& text);
 
-    /// A fingerprint of the bytes; 0 for none.
-    static std::uint64_t hashLarge(const std::string& bytes);
+    /// A fingerprint of the bytes; 0 for none. That of a long text can be taken block by block,
+    /// each on top of the one `before`.
+    static std::uint64_t hashLarge(const std::string& bytes, std::uint64_t before = 0);
 
     static std::string toString(long number);
 };
