@@ -4,6 +4,8 @@
 #include "shared/library/common/FileOps.h"
 #include "shared/library/common/StringTools.h"
 
+#include <ctime>
+#include <tuple>
 #include <utility>
 
 namespace Tarvik {
@@ -29,7 +31,7 @@ bool HandleValidator::validate() {
     hadLineError = 0;
     const ReadingResult reading = readLines();
     file.close();
-    checkExecutablesAndName(reading);
+    checkEnd(reading);
     // A file that only lacks its closing brace passes: the brace is missed only where there are
     // faults of other kinds. On purpose.
     if (hadLineError == 0 && errors.empty()) return true;
@@ -39,24 +41,40 @@ bool HandleValidator::validate() {
 
 HandleValidator::ReadingResult HandleValidator::readLines() {
     ReadingResult reading;
+    std::string line;
     while (!file.atEof(OperationAny)) {
         file.readLine(currentLine);
         ++lineNumber;
-        const std::string_view line = StringTools::trimmed(currentLine);
+        line = StringTools::trimmed(currentLine);
         if (line.empty() || line.front() == '#') continue;
         // Ahead of the line's own parsing: a name on the last significant line counts as missing,
         // on purpose.
         if (!name.empty()) reading.nameMissing = false;
-        const int result = parseLine(std::string(line));
+        const int result = takeLine(line);
         if (result == LineRejected) hadLineError = 1;
-        if (result == HandleClosed) reading.closed = true;
+        if (result == HandleClosed) {
+            checkLicenseSources();
+            reading.closed = true;
+        }
     }
     return reading;
 }
 
-void HandleValidator::checkExecutablesAndName(const ReadingResult& reading) {
+void HandleValidator::checkLicenseSources() {
+    if (licenseType == NoLicenses || skipFileChecks || licenses.empty()) return;
+    if (!licenseFile.empty() || !licenseServers.empty() || !centralizedLicenses.empty()) return;
+    addToErrorList(std::string(messages::licenseSourceMissing), licensesLine);
+}
+
+void HandleValidator::checkEnd(const ReadingResult& reading) {
     if (executablesLine == 0) {
         addToErrorList(std::string(messages::executablesMissing), lineNumber);
+    }
+    if (ruleLines.empty() && executablesLine != 0) {
+        addToErrorList(std::string(messages::executablesEmpty), lineNumber);
+    }
+    if (licenseTypeText.empty() && licensesLine != 0) {
+        addToErrorList(std::string(messages::licenseTypeMissing), licensesLine);
     }
     if (reading.nameMissing) addToErrorList(std::string(messages::nameNotFound), lineNumber);
 }
@@ -65,19 +83,32 @@ void HandleValidator::nameScanner(std::string& handleName) {
     std::string line;
     while (!file.atEof(OperationAny)) {
         file.readLine(line);
-        StringTools::trim(line);
-        if (line.find('=') == std::string::npos) continue;
-        std::string value = keyLineDivider(line);
-        if (currentKey == NameKey) handleName = std::move(value);
+        const std::string_view text = StringTools::trimmed(line);
+        const std::size_t equals = text.find('=');
+        if (equals == std::string_view::npos) continue;
+        if (StringTools::trimmedRight(text.substr(0, equals)) != NameKey) continue;
+        handleName = StringTools::trimmedLeft(text.substr(equals + 1));
     }
     file.close();
 }
 
 std::string HandleValidator::keyLineDivider(std::string& line) {
-    currentKey = StringTools::split(line, '=');
-    StringTools::trimRight(currentKey);
-    StringTools::trimLeft(line);
+    if (!divideAtEquals(line)) {
+        currentKey = StringTools::trimmedRight(line);
+        line.clear();
+    }
     return line;
+}
+
+// The work of keyLineDivider; false, and nothing done, for a line without "=".
+bool HandleValidator::divideAtEquals(std::string& line) {
+    const std::string_view text = line;
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos) return false;
+    currentKey = StringTools::trimmedRight(text.substr(0, equals));
+    const std::string_view value = StringTools::trimmedLeft(text.substr(equals + 1));
+    line.erase(0, text.size() - value.size());
+    return true;
 }
 
 void HandleValidator::addToErrorList(std::string message, unsigned long line) {
@@ -95,17 +126,29 @@ std::string HandleValidator::getErrors() const {
     return text.append("\n\t- Ignoring Handle");
 }
 
+template <typename Validator>
+auto HandleValidator::fieldsOf(Validator& v) {
+    return std::tie(
+        v.lineNumber, v.errors, v.requireSameAvailable, v.currentKey, v.state, v.name,
+        v.exePatterns, v.requiredExes, v.multiple, v.useDisplay, v.pollInterval,
+        v.exeUpdateInterval, v.counters, v.idleThreshold, v.lagTime, v.idleTimeout,
+        v.suspendTimeout, v.suspendTimeoutAction, v.userCountdown, v.resendTimeout, v.disableMethod,
+        v.disableMethodArg, v.terminateTime, v.killTime, v.cpuThreshold, v.cpuTimeout, v.cpuAction,
+        v.cpuNotifyTimeout, v.filters, v.priorities, v.licenseType, v.licenseFile, v.licenseServers,
+        v.centralizedLicenses, v.loadTimeExtra, v.pollerBin, v.licenseUpdateInterval,
+        v.useLinkTimeout, v.linkTimeout, v.caseSensitive, v.requiredMode, v.requiredNames,
+        v.assumeHidden, v.availableReqs, v.ignoreVendors, v.ignoreFeatures, v.licenses,
+        v.directLinkPeriod, v.additionalOptions, v.scratchValue, v.executablesItems,
+        v.licensesItems, v.idleDetectionItems, v.cpuOveruseItems, v.optimizationItems,
+        v.filterItems, v.priorityItems, v.sectionsSeen, v.lastRuleSection, v.currentLine,
+        v.nameLine, v.ruleLines, v.executablesLine, v.licensesLine, v.licenseTypeText, v.hashedFile,
+        v.hashOfFile);
+}
+
 void HandleValidator::clear() {
-    lineNumber = 0;
-    errors.clear();
-    currentKey.clear();
-    state = OutsideHandle;
-    name.clear();
-    sectionsSeen.clear();
-    currentLine.clear();
-    nameLine = 0;
-    executablesLine = 0;
-    licensesLine = 0;
+    static const HandleValidator fresh;
+    fieldsOf(*this) = fieldsOf(fresh);
+    loadTime = std::time(nullptr);
 }
 
 }  // namespace Tarvik

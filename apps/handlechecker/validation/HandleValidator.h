@@ -1,11 +1,19 @@
 /// Reads one handle file and lists every fault in it.
 #pragma once
 
+#include "apps/handlechecker/validation/HandleRecords.h"
+#include "apps/handlechecker/validation/NameSet.h"
+#include "apps/handlechecker/validation/RuleExpression.h"
 #include "shared/library/common/BasicFile.h"
 
 #include <cstdint>
+#include <list>
+#include <map>
+#include <set>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace Tarvik {
@@ -13,11 +21,39 @@ namespace Tarvik {
 /// Checks handle files one after another: `loadHandle`, then `validate` (or `nameScanner`), then
 /// the results. Faults of a handle are data; nothing here throws for one, and a line that is
 /// rejected never stops the reading, so that one pass tells all that can be told.
+///
+/// On the way it gathers what the handle says, as a program that acts on handles does; such a
+/// program derives from it and reads the fields at the end.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the fields stand by subject.
 class HandleValidator {
 public:
     struct Error {
         std::string message;
         std::string line;  ///< In decimal, from 1; "0" for a fault of the file as a whole.
+    };
+
+    /// A rule of the section `executables`.
+    struct ExePatternDef {
+        bool include = false;         ///< The rule's type is "include", not "exclude".
+        std::string exe;              ///< A pattern.
+        std::string args = "*";       ///< A pattern.
+        std::string child;            ///< A pattern; blank for none.
+        std::string childArgs = "*";  ///< A pattern.
+        bool childOnly = false;
+        bool required = false;
+    };
+
+    struct LicenseServerDef {
+        std::string host;
+        std::int16_t port = 0;
+    };
+
+    /// What has to be available: so many licenses, of one vendor or feature if it is named.
+    struct AvailableReq {
+        std::string vendor;   ///< The first name; the only one stands here too.
+        std::string feature;  ///< The second name.
+        std::int32_t count = 1;
+        bool percent = false;  ///< `count` is a share.
     };
 
     enum ParseObject : std::int32_t {
@@ -45,6 +81,9 @@ public:
 
     /// What `parseLine` answers.
     enum LineResult : std::int32_t { LineRejected = 0, HandleClosed = 1, LineAccepted = 2 };
+
+    /// The parameters of a rule, in byte order of their names; equal ones in the order of writing.
+    using RuleParameters = std::multimap<std::string, std::string>;
 
     HandleValidator() = default;
     HandleValidator(const HandleValidator&) = delete;
@@ -111,8 +150,106 @@ public:
     bool parseFilter(std::string& line);
     bool parsePriorities(std::string& line);
 
+    // --- rules: each reports what it finds at the current line, and false means that it did
+
+    /// Takes a rule's expression, such as `[type=include,exe="a, b"]`, apart. A blank one has no
+    /// parameters and is no fault. A text without either bracket is read all the same, for its
+    /// parameters and further faults, and is false in the end.
+    ///
+    /// A name in quotes is false without a word, and a quote that is never closed makes its
+    /// parameter vanish without a word. On purpose.
+    bool parseValue(std::string value, RuleParameters& out);
+    /// The first parameter of that name. Without one `out` is left alone, which is a fault only of
+    /// a required parameter.
+    bool getValueElement(const RuleParameters& params, const std::string& name, std::string& out,
+                         bool required);
+    /// Whether each name is in the list, whose words stand between commas.
+    bool validateRuleParameters(RuleParameters& params, std::string& allowed);
+    /// Whether each name stands once. With `multiAllowed` those may repeat of which a filter takes
+    /// a list; `allowed` has no influence.
+    bool checkDoubleDeclaration(RuleParameters& params, std::string& allowed, bool multiAllowed);
+    /// A rule's key must not be blank and must not hold a full stop or a space.
+    bool checkInvalidRule(std::string& key);
+    /// Whether a rule of that key stands in the section already is only reported: the rule is read
+    /// all the same. A section that is left for another with rules starts afresh.
+    void checkSimilarRules(std::string section, std::string& key);
+    /// The same for the plain keys, of which the section keeps those that it has `seen`.
+    void checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key);
+
+    // --- values: the same. A blank one leaves the default and is no fault.
+
+    /// Exactly "true", "yes", "false" or "no".
+    bool trueOrFalse(std::string value, bool& out);
+    /// Digits only, so no sign. A number beyond a long counts as the largest long; what does not
+    /// fit into T is cut to its low bytes. T is short, int or unsigned int.
+    template <typename T>
+    bool strToIntValidator(std::string value, T& out);
+    /// Digits and at most one full stop, which may stand alone. T is double.
+    template <typename T>
+    bool strToFloatValidator(std::string value, T& out);
+    /// Reads a duration such as "1:30" and returns it in seconds.
+    ///
+    /// The fields are days, hours, minutes and seconds, the last being seconds; none is limited to
+    /// its clock range, so "90:00" is 5400. A field with anything but digits, or one ahead of the
+    /// days, is reported and makes the whole result 0: a caller cannot tell it from a zero.
+    long getHMS(const std::string& value);
+    /// Two durations, "start-end". An end before the start is on the next day. False for a missing
+    /// dash and for equal ends, without a report of its own; a bad side counts as 0.
+    bool getTimeRange(const std::string& value, RangeDef& out);
+    /// Two moments, "start-end", of which the start has a "T" and no zone west of Greenwich. False,
+    /// without a report, for a text that is none and for an end that is not behind the start.
+    bool getDateRange(const std::string& value, RangeDef& out);
+    /// One moment. False, without a report, for a text that cannot be read.
+    bool strToDate(const std::string& value, long& out);
+
+    // --- words and their codes; the code of any other word differs from table to table, on purpose
+
+    /// Case does not count: "resume" 1, "terminate" 2.
+    static int mapSuspendAction(std::string word);
+    static constexpr int UnknownSuspendAction = 0;
+    /// From "mon", 0, to "sun", 6.
+    static int mapWeekDay(const std::string& word);
+    static constexpr int UnknownWeekDay = 7;
+    /// From "low", 0, to "total", 3.
+    static int mapPriority(const std::string& word);
+    static constexpr int UnknownPriority = 4;
+    /// From "none", 1, to "rlm", 6.
+    static int mapLicenseType(const std::string& word);
+    static constexpr int UnknownLicenseType = 7;
+
+    // --- what every handle starts with; nothing changes these
+
+    static constexpr bool GlobalUseLinkTimeout = false;
+    static constexpr long GlobalLinkTimeout = 600;  ///< Seconds.
+    static constexpr bool GlobalCaseSensitive = true;
+
 private:
     static constexpr std::string_view NameKey = "name";
+    /// The license type "none", under which a handle draws no licenses.
+    static constexpr int NoLicenses = 1;
+
+    enum CpuAction : std::int32_t { NoAction = 0, Terminate = 1, NotifyAndTerminate = 2 };
+
+    /// Process-wide. The keys of the rules seen in the section that is being read.
+    static NameSet RuleNums;
+
+    /// A key that a section knows, and where its value goes: into a flag, a duration, a number or a
+    /// set of names, or through an operation of its own.
+    struct PlainKey {
+        std::string_view word;
+        std::variant<bool HandleValidator::*, long HandleValidator::*, double HandleValidator::*,
+                     std::set<std::string> HandleValidator::*,
+                     bool (HandleValidator::*)(std::string& value)>
+            target;
+    };
+
+    /// What the rules of one section have in common.
+    struct RuleForm {
+        std::string_view section;  ///< For the keys used twice.
+        std::string_view failure;  ///< What is said of an expression that cannot be read.
+        std::span<const std::string_view> allowed;  ///< The names of the parameters.
+        bool lists = false;                         ///< Parameters that fill a list may repeat.
+    };
 
     /// What the reading of all lines found out for the closing checks.
     struct ReadingResult {
@@ -120,7 +257,11 @@ private:
         bool closed = false;
     };
     ReadingResult readLines();
-    void checkExecutablesAndName(const ReadingResult& reading);
+    void checkLicenseSources();
+    void checkEnd(const ReadingResult& reading);
+
+    int takeLine(std::string& line);
+    bool divideAtEquals(std::string& line);
 
     // One step of the line machine a state; each answers a `LineResult`.
     int inOutsideHandle(const std::string& line);
@@ -132,24 +273,166 @@ private:
     int inSubsection(std::string& line, ParseObject& parseobject);
     int moveTo(LineState next);
     int reject(std::string message);
-    void checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key);
+
+    // What the sections share.
+    bool refuse(std::string message);
+    bool divideKeyLine(std::string& line);
+    const PlainKey* findKey(std::span<const PlainKey> keys) const;
+    bool readPlainKey(const PlainKey& key, std::vector<std::string>& seen, std::string& value);
+    bool refuseKey(std::string_view section);
+    bool readRuleLine(const RuleForm& form, std::string_view value);
+    bool readParameters(const RuleForm& form, std::string_view value);
+    bool readExpression(std::string_view text);
+    template <typename Params>
+    bool holdOnly(const Params& params, std::span<const std::string_view> allowed);
+    template <typename Params>
+    bool holdOnce(const Params& params, bool listsAllowed);
+    template <typename Text>
+    bool takeParameter(std::string_view name, Text& out, bool required);
+    bool mayBeAbsent(std::string_view name, bool required);
+
+    // Values of plain keys.
+    bool readValue(bool HandleValidator::*target, std::string& value);
+    bool readValue(long HandleValidator::*target, std::string& value);
+    bool readValue(double HandleValidator::*target, std::string& value);
+    bool readValue(std::set<std::string> HandleValidator::*target, std::string& value);
+    bool readValue(bool (HandleValidator::*reader)(std::string&), std::string& value);
+    bool readNumber(const std::string& value, double& out);
+    /// The parts between the commas, trimmed; one of blanks only stays, as a blank part.
+    static void splitAtCommas(const std::string& value, std::vector<std::string>& out);
+    /// The same without blank parts.
+    static std::vector<std::string> namesIn(const std::string& value);
+
+    // Rules and keys of single sections.
+    bool executablesRule(std::string& value);
+    bool storeExecutablesRule(ExePatternDef rule);
+    bool licensesRule(std::string& value);
+    bool hashLicenseFile(const std::string& value, LicenseDef& rule);
+    static bool readHash(const std::string& path, std::uint64_t& hash);
+    bool readLicenseType(std::string& value);
+    bool readLicenseFile(std::string& value);
+    bool readLicenseServer(std::string& value);
+    bool readCentralizedLicenses(std::string& value);
+    bool readPollerBin(std::string& value);
+    bool storePath(const std::string& path, std::string_view missing, std::string& out);
+    bool readRequired(std::string& value);
+    bool readAssumeHidden(std::string& value);
+    bool readAvailableReq(std::string& value);
+    bool readFilterParameter(std::string_view name, std::string_view value, FilterDef& rule);
+    bool readFilterType(std::string_view value, FilterDef& rule);
+    template <auto List>
+    bool addText(std::string_view value, FilterDef& rule);
+    template <auto List>
+    bool addWeekDay(std::string_view value, FilterDef& rule);
+    template <auto List, auto Reader>
+    bool addRange(std::string_view value, FilterDef& rule);
+    template <auto Limit>
+    bool readLimit(std::string_view value, FilterDef& rule);
+    bool counterRule(std::string& value);
+    bool readSuspendTimeoutAction(std::string& value);
+    bool readMethod(std::string& value);
+    bool readAdditionalOption(std::string& value);
+    bool readCpuAction(std::string& value);
 
     BasicFile file;
+
+protected:
     /// Lines read so far.
     unsigned long lineNumber = 0;
     Error lastError;
     std::vector<Error> errors;
+    bool requireSameAvailable = false;
+    /// Left side of the line that is being read.
     std::string currentKey;
     std::int32_t state = OutsideHandle;
     std::int32_t hadLineError = 0;
     std::string name;
+
+    // Durations are in seconds.
+    std::map<std::string, ExePatternDef> exePatterns;  ///< By the key of the rule.
+    std::set<std::string> requiredExes;  ///< Programs and children of the rules that require them.
+    bool multiple = false;
+    bool useDisplay = false;
+    long pollInterval = 0;
+    long exeUpdateInterval = 0;
+    std::map<CounterID, CounterDef> counters;
+    double idleThreshold = 4.0;
+    long lagTime = 60;
+    long idleTimeout = 600;
+    long suspendTimeout = 864000;
+    std::int32_t suspendTimeoutAction = 1;  ///< A code of `mapSuspendAction`.
+    long userCountdown = 0;
+    long resendTimeout = 1800;
+    std::int32_t disableMethod = 0;  ///< A code of `mapDisableMethod`.
+    std::string disableMethodArg = "ps";
+    long terminateTime = 120;
+    long killTime = 300;
+    double cpuThreshold = 95.0;  ///< Percent.
+    long cpuTimeout = 259200;
+    std::int32_t cpuAction = NoAction;
+    long cpuNotifyTimeout = 0;
+    std::map<std::string, FilterDef> filters;  ///< By the key of the rule.
+    std::list<PriorityDef> priorities;         ///< In the order of the file.
+    std::int32_t licenseType = NoLicenses;     ///< A code of `mapLicenseType`.
+    std::string licenseFile;
+    std::vector<LicenseServerDef> licenseServers;
+    std::vector<std::string> centralizedLicenses;
+    long loadTime = 0;  ///< When the reading began, in seconds since 1970.
+    long loadTimeExtra = 0;
+    std::string pollerBin;
+    long licenseUpdateInterval = 0;
+    bool useLinkTimeout = GlobalUseLinkTimeout;
+    long linkTimeout = GlobalLinkTimeout;
+    bool caseSensitive = GlobalCaseSensitive;
+    std::int32_t requiredMode = 0;         ///< 0 none, 1 any, 2 all, 3 the named ones.
+    std::list<std::string> requiredNames;  ///< In lower case.
+    bool assumeHidden = false;
+    /// Those with names first, the last one of the file ahead; then those without, in file order.
+    std::list<AvailableReq> availableReqs;
+    std::set<std::string> ignoreVendors;
+    std::set<std::string> ignoreFeatures;
+    std::list<LicenseDef> licenses;  ///< In the order of the file.
+    long directLinkPeriod = 0;
+    std::map<std::string, std::string> additionalOptions;  ///< As written, by key.
+    /// The text of the number that is being read.
+    std::string scratchValue;
+
+    // The plain keys seen in each section. The sections of the last two have none.
+    std::vector<std::string> executablesItems;
+    std::vector<std::string> licensesItems;
+    std::vector<std::string> idleDetectionItems;
+    std::vector<std::string> cpuOveruseItems;
+    std::vector<std::string> optimizationItems;
+    std::vector<std::string> filterItems;
+    std::vector<std::string> priorityItems;
+
     std::vector<std::string> sectionsSeen;
-    std::string currentLine;
+    std::string lastRuleSection;
+    std::string currentLine;  ///< As read.
     bool skipFileChecks = false;
     unsigned long nameLine = 0;
-    /// Lines of the sections' heads; 0 means that the section is absent.
+    /// The lines of the rules of `executables` that passed.
+    std::vector<std::int32_t> ruleLines;
+    // Lines of the sections' heads; 0 means that the section is absent.
     std::uint32_t executablesLine = 0;
     std::uint32_t licensesLine = 0;
+    std::string licenseTypeText;  ///< As written, valid or not.
+
+private:
+    /// The expression of the rule that is being read; its line must still be there.
+    RuleExpression expression;
+    /// The license file that was read last for its fingerprint, so that many rules read it once.
+    std::string hashedFile;
+    std::uint64_t hashOfFile = 0;
+
+    /// All fields that a file starts anew with, for the copying of their first values.
+    template <typename Validator>
+    static auto fieldsOf(Validator& validator);
 };
+
+extern template bool HandleValidator::strToIntValidator(std::string value, short& out);
+extern template bool HandleValidator::strToIntValidator(std::string value, int& out);
+extern template bool HandleValidator::strToIntValidator(std::string value, unsigned int& out);
+extern template bool HandleValidator::strToFloatValidator(std::string value, double& out);
 
 }  // namespace Tarvik

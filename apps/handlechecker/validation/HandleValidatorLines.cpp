@@ -5,7 +5,6 @@
 #include "shared/library/common/StringTools.h"
 #include "shared/library/tables/Keywords.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -25,21 +24,25 @@ constexpr auto sectionWords = std::to_array<TarvikTables::Keyword>({
 
 // The last "#" starts the comment, and there is no quoting: a "#" in a value always cuts.
 void cutComment(std::string& line) {
-    const auto comment = line.rfind('#');
-    if (comment == std::string::npos) return;
-    line.erase(comment);
+    // Forwards first: most lines have none, and looking for it backwards is slow.
+    if (line.find('#') == std::string::npos) return;
+    line.erase(line.rfind('#'));
     StringTools::trimRight(line);
 }
 
 }  // namespace
 
 int HandleValidator::parseLine(std::string line) {
+    StringTools::trim(line);
+    if (line.empty() || line.front() == '#') return LineAccepted;
+    return takeLine(line);
+}
+
+int HandleValidator::takeLine(std::string& line) {
     // Shared by all validators; it is set on the way into each section, so a stale one is never
     // used.
     static ParseObject parseobject = NoObject;
 
-    StringTools::trim(line);
-    if (line.empty() || line.front() == '#') return LineAccepted;
     cutComment(line);
     switch (state) {
     case OutsideHandle: return inOutsideHandle(line);
@@ -135,7 +138,7 @@ int HandleValidator::moveTo(LineState next) {
 }
 
 int HandleValidator::reject(std::string message) {
-    addToErrorList(std::move(message), lineNumber);
+    refuse(std::move(message));
     return LineRejected;
 }
 
@@ -147,14 +150,6 @@ HandleValidator::ParseObject HandleValidator::getParseObject(std::string& word) 
     if (object == Licenses) licensesLine = static_cast<std::uint32_t>(lineNumber);
     checkMultipleSectionItems(sectionsSeen, word);
     return object;
-}
-
-void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key) {
-    if (std::find(seen.begin(), seen.end(), key) == seen.end()) {
-        seen.push_back(key);
-        return;
-    }
-    addToErrorList(messages::fill(messages::multipleDefinition, {key}), lineNumber);
 }
 
 }  // namespace Tarvik

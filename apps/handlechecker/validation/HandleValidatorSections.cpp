@@ -30,35 +30,4 @@ bool HandleValidator::parseObjectChecker(ParseObject& object, std::string& line)
     return (this->*sectionParsers[static_cast<std::size_t>(object)])(line);
 }
 
-bool HandleValidator::parseExecutables(std::string& /*line*/) {
-    return true;
-}
-
-bool HandleValidator::parseLicenses(std::string& /*line*/) {
-    return true;
-}
-
-bool HandleValidator::parseIdleDetection(std::string& line) {
-    // A head inside the block counts too, and leads the line machine past its last state. On
-    // purpose.
-    if (line == "counters") ++state;
-    return true;
-}
-
-bool HandleValidator::parseOptimization(std::string& /*line*/) {
-    return true;
-}
-
-bool HandleValidator::parseCPUOveruse(std::string& /*line*/) {
-    return true;
-}
-
-bool HandleValidator::parseFilter(std::string& /*line*/) {
-    return true;
-}
-
-bool HandleValidator::parsePriorities(std::string& /*line*/) {
-    return true;
-}
-
 }  // namespace Tarvik

@@ -1,0 +1,284 @@
+// What the sections leave in the records, which no message shows.
+
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "test/support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <ctime>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+/// Reads handles that consist of one section's lines, and shows what they left.
+class ReadHandle : public Tarvik::HandleValidator {
+public:
+    using HandleValidator::HandleValidator;
+
+    /// The faults, each on a line of its own.
+    std::string read(const std::string& section, const std::string& lines) {
+        std::string path =
+            dir.write("a.conf", "handle\n{\nname = a\n" + section + "\n{\n" + lines + "\n}\n}\n");
+        loadHandle(path);
+        validate();
+        std::string faults;
+        for (const Error& error : errors) {
+            // The sections under test stand alone.
+            if (error.message != "End of file, missing required Executable section ") {
+                faults.append(error.message).append("\n");
+            }
+        }
+        return faults;
+    }
+
+    using HandleValidator::additionalOptions, HandleValidator::assumeHidden,
+        HandleValidator::availableReqs, HandleValidator::caseSensitive,
+        HandleValidator::centralizedLicenses, HandleValidator::counters, HandleValidator::cpuAction,
+        HandleValidator::cpuNotifyTimeout, HandleValidator::cpuThreshold,
+        HandleValidator::cpuTimeout, HandleValidator::disableMethod,
+        HandleValidator::disableMethodArg, HandleValidator::exePatterns, HandleValidator::filters,
+        HandleValidator::idleThreshold, HandleValidator::idleTimeout,
+        HandleValidator::ignoreVendors, HandleValidator::killTime, HandleValidator::lagTime,
+        HandleValidator::licenseFile, HandleValidator::licenses, HandleValidator::licenseServers,
+        HandleValidator::licenseType, HandleValidator::linkTimeout, HandleValidator::loadTime,
+        HandleValidator::multiple, HandleValidator::priorities, HandleValidator::requiredExes,
+        HandleValidator::requiredMode, HandleValidator::requiredNames,
+        HandleValidator::resendTimeout, HandleValidator::ruleLines, HandleValidator::suspendTimeout,
+        HandleValidator::suspendTimeoutAction, HandleValidator::terminateTime,
+        HandleValidator::useLinkTimeout;
+
+    tarvik_test::TempDir dir;
+};
+
+TEST(HandleRecordsTest, AHandleThatStatesNothingHasTheDefaultsWhateverTheOneBeforeSaid) {
+    ReadHandle handle;
+    handle.read("optimization",
+                "idle-timeout=1\nsuspend-timeout=1\nlag-time=1\nmethod=log:x\nkill-time=1");
+    handle.read("cpu-overuse", "threshold=1\ntimeout=1\naction=terminate");
+    const std::time_t before = std::time(nullptr);
+    EXPECT_EQ(handle.read("priorities", ""), "");
+    EXPECT_EQ(handle.idleThreshold, 4.0);
+    EXPECT_EQ(handle.lagTime, 60);
+    EXPECT_EQ(handle.idleTimeout, 600);
+    EXPECT_EQ(handle.suspendTimeout, 864000);
+    EXPECT_EQ(handle.suspendTimeoutAction, 1);
+    EXPECT_EQ(handle.resendTimeout, 1800);
+    EXPECT_EQ(handle.disableMethod, 0);
+    EXPECT_EQ(handle.disableMethodArg, "ps");
+    EXPECT_EQ(handle.terminateTime, 120);
+    EXPECT_EQ(handle.killTime, 300);
+    EXPECT_EQ(handle.cpuThreshold, 95.0);
+    EXPECT_EQ(handle.cpuTimeout, 259200);
+    EXPECT_EQ(handle.cpuAction, 0);
+    EXPECT_EQ(handle.licenseType, 1);
+    EXPECT_FALSE(handle.useLinkTimeout);
+    EXPECT_EQ(handle.linkTimeout, 600);
+    EXPECT_TRUE(handle.caseSensitive);
+    EXPECT_GE(handle.loadTime, before);
+}
+
+TEST(HandleRecordsTest, ARepeatedRuleOfExecutablesReplacesTheFirstAndBothCount) {
+    ReadHandle handle;
+    EXPECT_EQ(handle.read("executables",
+                          "a = [type=include,exe=x,child=y,required=yes]\n"
+                          "a = [type=exclude,exe=z,args=,child-args=\"-a, b\",child-only=true]\n"
+                          "b = [type=include,exe=]\n"
+                          "multiple = yes\ncase-sensitive = no"),
+              "Multiple definition of \"a\"\n\"Exe\" must not be blank in \"b\"\n");
+    const auto& rule = handle.exePatterns.at("a");
+    EXPECT_FALSE(rule.include);
+    EXPECT_EQ(rule.exe, "z");
+    EXPECT_EQ(rule.args, "*");
+    EXPECT_EQ(rule.child, "");
+    EXPECT_EQ(rule.childArgs, "-a, b");
+    EXPECT_TRUE(rule.childOnly);
+    EXPECT_FALSE(rule.required);
+    EXPECT_TRUE(handle.exePatterns.contains("b")) << "stored, though it does not count";
+    EXPECT_EQ(handle.ruleLines, (std::vector<std::int32_t>{6, 7}));
+    EXPECT_EQ(handle.requiredExes, (std::set<std::string>{"x", "y"}));
+    EXPECT_TRUE(handle.multiple);
+    EXPECT_FALSE(handle.caseSensitive);
+}
+
+TEST(HandleRecordsTest, RequirementsWithNamesStandAheadOfThoseWithoutInReverseOrder) {
+    ReadHandle handle;
+    handle.read("licenses",
+                "require-available = 5\nrequire-available = v:f=2\nrequire-available = 50%\n"
+                "require-available = w=7%\nrequire-available = x=bad\nrequire-available = y=");
+    std::string all;
+    for (const auto& req : handle.availableReqs) {
+        all += req.vendor + ":" + req.feature + "=" + std::to_string(req.count);
+        all += req.percent ? "% " : " ";
+    }
+    EXPECT_EQ(all, "y:=1 w:=7% v:f=2 :=5 :=50% ");
+}
+
+TEST(HandleRecordsTest, LicensesAreKeptInOrderAndTheTypeDecidesFromItsLineOn) {
+    ReadHandle handle;
+    handle.setFilechecking();
+    handle.read("licenses",
+                "required = all\nlicense-file = early\nlicense-type = rlm\nrequired = a, ,B\n"
+                "license-server = 70000@h@i\nlicense-server = @j\ncentralized-license = a b, ,c\n"
+                "ignore-vendors = V, ,V\nassume-hidden = yes\nlicense-type = FLEX\n"
+                "l = [vendor=ABC,version=V1,certain=maybe]\nl = [feature=X,certain=yes]");
+    EXPECT_EQ(handle.licenseFile, "");
+    EXPECT_EQ(handle.licenseType, 6);
+    EXPECT_EQ(handle.requiredMode, 3);
+    EXPECT_EQ(handle.requiredNames, (std::list<std::string>{"a", "b"}));
+    ASSERT_EQ(handle.licenseServers.size(), 2U);
+    EXPECT_EQ(handle.licenseServers[0].port, 4464) << "cut to 16 bits";
+    EXPECT_EQ(handle.licenseServers[0].host, "h@i");
+    EXPECT_EQ(handle.licenseServers[1].port, 0);
+    EXPECT_EQ(handle.centralizedLicenses, (Strings{"ab", "c"}));
+    EXPECT_EQ(handle.ignoreVendors, (std::set<std::string>{"V"}));
+    EXPECT_TRUE(handle.assumeHidden);
+    ASSERT_EQ(handle.licenses.size(), 2U);
+    EXPECT_EQ(handle.licenses.front().vendor, "abc");
+    EXPECT_EQ(handle.licenses.front().version, "V1");
+    EXPECT_FALSE(handle.licenses.front().certain);
+    EXPECT_EQ(handle.licenses.back().feature, "x");
+    EXPECT_TRUE(handle.licenses.back().certain);
+}
+
+// The hash of "ab" is 97 * 37 + 98; a block ends at 65536 bytes, and zeros ahead change nothing.
+TEST(HandleRecordsTest, TheFingerprintIsThatOfTheWholeLicenseFile) {
+    ReadHandle handle;
+    for (const std::string& zeros : {std::string(), std::string(65535, '\0')}) {
+        const std::string path = handle.dir.write("license", zeros + "ab");
+        EXPECT_EQ(handle.read("licenses", "license-type = flex\nlicense-file = " + path +
+                                              "\nl = [license-file=yes]\nm = [vendor=v]\n"
+                                              "n = [license-file=true]"),
+                  "");
+        ASSERT_EQ(handle.licenses.size(), 3U);
+        EXPECT_EQ(handle.licenses.front().fileHash, 3687U);
+        EXPECT_EQ(std::next(handle.licenses.begin())->fileHash, 0U);
+        EXPECT_EQ(handle.licenses.back().fileHash, 3687U);
+    }
+}
+
+TEST(HandleRecordsTest, TheLastGoodFilterOfAKeyIsKept) {
+    ReadHandle handle;
+    handle.read("filter",
+                "a = [os=x,count=5,licenses=50]\nb =\n"
+                "a = [type=exclude,n-os=z,n-os=y,wday=sun,wday=mon,n-time=22:00:00-06:00:00,"
+                "time=22:00-23:00,count=5-,date=1970-01-02T00:00:00-1970-01-03T01:00]\n"
+                "a = [wday=Mon]");
+    const Tarvik::FilterDef& rule = handle.filters.at("a");
+    EXPECT_EQ(rule.type, 1);
+    EXPECT_TRUE(rule.os.empty());
+    EXPECT_EQ(rule.notOs, (std::list<std::string>{"z", "y"}));
+    EXPECT_EQ(rule.wday.front().code, 6);
+    EXPECT_EQ(rule.wday.back().code, 0);
+    EXPECT_EQ(rule.notTime.front().start, 79200);
+    EXPECT_EQ(rule.notTime.front().end, 108000);
+    EXPECT_EQ(rule.time.front().start, 1320);
+    EXPECT_EQ(rule.date.front().end - rule.date.front().start, 90000);
+    EXPECT_EQ(rule.countLow, 0U);
+    EXPECT_EQ(rule.countHigh, 100U);
+    EXPECT_EQ(handle.filters.at("b").type, 0);
+    EXPECT_EQ(handle.filters.at("b").licenseUseHigh, 100U);
+}
+
+TEST(HandleRecordsTest, TheOtherSectionsKeepWhatStoodBeforeAFault) {
+    ReadHandle handle;
+    EXPECT_EQ(handle.read("optimization",
+                          "suspend-timeout-action = sleep\nsuspend-timeout-action = Terminate\n"
+                          "method = bogus:foo\nlag-time = 1:x\nadditional-countdown = a : b"),
+              "Multiple definition of \"suspend-timeout-action\"\nInvalid element \"Terminate\"\n"
+              "Invalid element \"bogus\"\nInvalid value of \"x\"\n");
+    EXPECT_EQ(handle.suspendTimeoutAction, 0);
+    EXPECT_EQ(handle.disableMethod, 0);
+    EXPECT_EQ(handle.disableMethodArg, "foo");
+    EXPECT_EQ(handle.lagTime, 0);
+    EXPECT_EQ(handle.additionalOptions.at("additional-countdown"), "a : b");
+
+    EXPECT_EQ(handle.read("cpu-overuse", "action=terminate-notify\nnotify-timeout=1:00"), "");
+    EXPECT_EQ(handle.cpuAction, 2);
+    EXPECT_EQ(handle.cpuNotifyTimeout, 60);
+
+    handle.read("idle-detection",
+                "idle-threshold=.\ncounters\n{\nio=[threshold=,weight=.5]\ncpu=[threshold=1.5]\n"
+                "cpu=[threshold=2.]\ncpu=[weight=3]\n}");
+    EXPECT_EQ(handle.idleThreshold, 0.0);
+    EXPECT_EQ(handle.counters.at({1}).threshold, 0.0);
+    EXPECT_EQ(handle.counters.at({1}).weight, 0.5);
+    EXPECT_EQ(handle.counters.at({0}).threshold, 2.0);
+
+    handle.read("priorities", "a = [host=,priority=total]\na =\nb = [priority=urgent]");
+    ASSERT_EQ(handle.priorities.size(), 2U);
+    EXPECT_EQ(handle.priorities.front().host, "");
+    EXPECT_EQ(handle.priorities.front().group, "*");
+    EXPECT_EQ(handle.priorities.front().priority, 3);
+    EXPECT_EQ(handle.priorities.back().priority, 1);
+}
+
+struct DurationCase {
+    const char* text;
+    long seconds;
+    const char* fault = nullptr;
+};
+
+constexpr auto durations = std::to_array<DurationCase>({
+    {"90:00", 5400},
+    {"1:00:00:00", 86400},
+    {"1::30", 90},
+    {":", 0},
+    {"1:x:0", 0, "x"},
+    {"-5", 0, "-5"},
+    {"1:0:0:0:0", 0, "1"},
+    {"4294967297", 1},
+    {"2147483647:0:0:0", 2147483647L * 86400},
+    {"99999999999999999999", -1},
+});
+
+TEST(HandleRecordsTest, DurationsAreAddedUpFromTheRight) {
+    for (const DurationCase& row : durations) {
+        ReadHandle handle;
+        EXPECT_EQ(handle.getHMS(row.text), row.seconds) << row.text;
+        const auto faults = handle.getErrorList();
+        ASSERT_EQ(faults.size(), row.fault == nullptr ? 0U : 1U) << row.text;
+        if (row.fault == nullptr) continue;
+        EXPECT_EQ(faults[0].message, "Invalid value of \"" + std::string(row.fault) + "\"");
+    }
+}
+
+struct ExpressionCase {
+    const char* text;
+    const char* pairs;
+    bool good = true;
+};
+
+constexpr auto expressions = std::to_array<ExpressionCase>({
+    {"", ""},
+    {"[b = two words ,a=b=c]", "a=b=c|b=two words|"},
+    {"[a=2,b=,a=1]", "a=2|a=1|b=|"},
+    {R"([a="x,y",b=b"c d"e,c=" x "])", "a=x,y|b=bc de|c=x|"},
+    {R"([a="\q\\\"\x41",b="\ty"])", R"(a=\q\"\x41|b=y|)"},
+    {R"([a="-\v-"])", "a=-\v-|"},
+    {R"([b=1,a="x])", "b=1|"},
+    {R"([b=1,a="x\)", "", false},
+    {R"([b=1,"a"=1,c=2])", "b=1|", false},
+    {"a=1", "a=1|", false},
+    {"[a=1", "", false},
+    {"[a=1,]", "a=1|", false},
+});
+
+TEST(HandleRecordsTest, ExpressionsAreTakenApart) {
+    for (const ExpressionCase& row : expressions) {
+        ReadHandle handle;
+        Tarvik::HandleValidator::RuleParameters params;
+        EXPECT_EQ(handle.parseValue(row.text, params), row.good) << row.text;
+        std::string pairs;
+        for (const auto& [name, value] : params) {
+            pairs.append(name).append("=").append(value).append("|");
+        }
+        EXPECT_EQ(pairs, row.pairs) << row.text;
+    }
+}
+
+}  // namespace

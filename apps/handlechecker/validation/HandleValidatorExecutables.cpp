@@ -1,0 +1,70 @@
+// The section `executables`: which processes belong to the handle.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+
+#include <array>
+#include <utility>
+
+namespace Tarvik {
+
+bool HandleValidator::parseExecutables(std::string& line) {
+    static constexpr auto keys = std::to_array<PlainKey>({
+        {"multiple", &HandleValidator::multiple},
+        {"use-display", &HandleValidator::useDisplay},
+        {"case-sensitive", &HandleValidator::caseSensitive},
+        {"poll-interval", &HandleValidator::pollInterval},
+        {"update-interval", &HandleValidator::exeUpdateInterval},
+    });
+
+    if (!divideKeyLine(line)) return false;
+    if (state != InSection) return true;
+    const PlainKey* const key = findKey(keys);
+    return key != nullptr ? readPlainKey(*key, executablesItems, line) : executablesRule(line);
+}
+
+bool HandleValidator::executablesRule(std::string& value) {
+    static constexpr auto parameters = std::to_array<std::string_view>(
+        {"type", "exe", "args", "child", "child-args", "child-only", "required"});
+    static constexpr RuleForm form = {
+        .section = "Executables", .failure = messages::invalidValue, .allowed = parameters};
+    if (!readRuleLine(form, value)) return false;
+
+    ExePatternDef rule;
+    std::string_view type;
+    std::string childOnly;
+    std::string required;
+    if (!takeParameter("type", type, true)) return false;
+    if (!takeParameter("exe", rule.exe, true)) return false;
+    takeParameter("args", rule.args, false);
+    takeParameter("child", rule.child, false);
+    takeParameter("child-args", rule.childArgs, false);
+    takeParameter("child-only", childOnly, false);
+    takeParameter("required", required, false);
+
+    rule.include = type == "include";
+    if (!rule.include && type != "exclude") {
+        return refuse(messages::fill(messages::invalidValueFor, {type, "type"}));
+    }
+    if (!trueOrFalse(childOnly, rule.childOnly)) return false;
+    if (!trueOrFalse(required, rule.required)) return false;
+    // Written blank they mean the same as not written.
+    if (rule.args.empty()) rule.args = "*";
+    if (rule.childArgs.empty()) rule.childArgs = "*";
+    return storeExecutablesRule(std::move(rule));
+}
+
+bool HandleValidator::storeExecutablesRule(ExePatternDef rule) {
+    const ExePatternDef& stored =
+        exePatterns.insert_or_assign(currentKey, std::move(rule)).first->second;
+    // The rule stays stored, it only does not count. On purpose.
+    if (stored.exe.empty()) return refuse(messages::fill(messages::blankExe, {currentKey}));
+    if (stored.required) {
+        requiredExes.insert(stored.exe);
+        if (!stored.child.empty()) requiredExes.insert(stored.child);
+    }
+    ruleLines.push_back(static_cast<std::int32_t>(lineNumber));
+    return true;
+}
+
+}  // namespace Tarvik

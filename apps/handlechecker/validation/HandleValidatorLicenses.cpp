@@ -1,0 +1,189 @@
+// The section `licenses`: what the application draws from its license manager.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "shared/library/common/FileOps.h"
+#include "shared/library/common/FileUtils.h"
+#include "shared/library/common/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace Tarvik {
+
+bool HandleValidator::parseLicenses(std::string& line) {
+    static constexpr auto keys = std::to_array<PlainKey>({
+        {"license-type", &HandleValidator::readLicenseType},
+        {"license-file", &HandleValidator::readLicenseFile},
+        {"license-server", &HandleValidator::readLicenseServer},
+        {"centralized-license", &HandleValidator::readCentralizedLicenses},
+        {"poller-bin", &HandleValidator::readPollerBin},
+        {"update-interval", &HandleValidator::licenseUpdateInterval},
+        {"use-link-timeout", &HandleValidator::useLinkTimeout},
+        {"link-timeout", &HandleValidator::linkTimeout},
+        {"direct-link-period", &HandleValidator::directLinkPeriod},
+        {"required", &HandleValidator::readRequired},
+        {"assume-hidden", &HandleValidator::readAssumeHidden},
+        {"require-available", &HandleValidator::readAvailableReq},
+        {"require-same-available", &HandleValidator::requireSameAvailable},
+        {"ignore-vendors", &HandleValidator::ignoreVendors},
+        {"ignore-features", &HandleValidator::ignoreFeatures},
+    });
+
+    if (!divideKeyLine(line)) return false;
+    if (state != InSection) return true;
+    const PlainKey* const key = findKey(keys);
+    return key != nullptr ? readPlainKey(*key, licensesItems, line) : licensesRule(line);
+}
+
+// The type decides what the keys below it do: without one they are taken without a look.
+
+bool HandleValidator::readLicenseType(std::string& value) {
+    licenseTypeText = value;
+    const int type = mapLicenseType(value);
+    if (type == UnknownLicenseType) {
+        return refuse(messages::fill(messages::invalidValue, {value}));
+    }
+    licenseType = type;
+    return true;
+}
+
+bool HandleValidator::readLicenseFile(std::string& value) {
+    if (value.empty()) return true;
+    scratchValue = value;
+    if (licenseType == NoLicenses) return true;
+    return storePath(value, messages::licenseFileMissing, licenseFile);
+}
+
+bool HandleValidator::readPollerBin(std::string& value) {
+    if (licenseType == NoLicenses || value.empty()) return true;
+    return storePath(value, messages::pollerBinMissing, pollerBin);
+}
+
+bool HandleValidator::storePath(const std::string& path, std::string_view missing,
+                                std::string& out) {
+    if (!skipFileChecks && !FileOps::exists(path)) return refuse(messages::fill(missing, {path}));
+    out = path;
+    return true;
+}
+
+bool HandleValidator::readLicenseServer(std::string& value) {
+    if (value.empty()) return true;
+    LicenseServerDef server;
+    if (!strToIntValidator(StringTools::split(value, '@'), server.port)) return false;
+    server.host = value;
+    licenseServers.push_back(std::move(server));
+    return true;
+}
+
+bool HandleValidator::readCentralizedLicenses(std::string& value) {
+    StringTools::removeChar(value, ' ');
+    splitAtCommas(value, centralizedLicenses);
+    return true;
+}
+
+bool HandleValidator::readRequired(std::string& value) {
+    if (value.empty() || licenseType == NoLicenses) {
+        requiredMode = 0;
+    } else if (value == "any") {
+        requiredMode = 1;
+    } else if (value == "all") {
+        requiredMode = 2;
+    } else {
+        requiredMode = 3;
+        for (std::string& name : namesIn(value)) {
+            StringTools::makeLower(name);
+            requiredNames.push_back(std::move(name));
+        }
+    }
+    return true;
+}
+
+// Not a boolean like the others: "true", "false" and a blank are faults here. On purpose.
+bool HandleValidator::readAssumeHidden(std::string& value) {
+    if (value != "yes" && value != "no") {
+        return refuse(messages::fill(messages::invalidValue, {value}));
+    }
+    assumeHidden = value == "yes";
+    return true;
+}
+
+bool HandleValidator::readAvailableReq(std::string& value) {
+    AvailableReq requirement;
+    if (StringTools::patternMatch("*=*", value)) {
+        requirement.feature = StringTools::split(value, '=');
+        // A single name is the vendor's. On purpose.
+        requirement.vendor = StringTools::split(requirement.feature, ':');
+    }
+    if (StringTools::patternMatch("*%", value)) {
+        requirement.percent = true;
+        value.pop_back();
+    }
+    scratchValue = value;
+    if (!strToIntValidator(scratchValue, requirement.count)) return false;
+    // Those with names go ahead of those without, in reverse order. On purpose.
+    const auto place = requirement.vendor.empty() ? availableReqs.end() : availableReqs.begin();
+    availableReqs.insert(place, std::move(requirement));
+    return true;
+}
+
+bool HandleValidator::licensesRule(std::string& value) {
+    static constexpr auto parameters = std::to_array<std::string_view>(
+        {"license-file", "vendor", "feature", "version", "certain"});
+    static constexpr RuleForm form = {
+        .section = "Licenses", .failure = messages::invalidValue, .allowed = parameters};
+    if (!readRuleLine(form, value)) return false;
+
+    LicenseDef rule;
+    std::string_view ofFile;
+    std::string certain;
+    takeParameter("license-file", ofFile, false);
+    takeParameter("vendor", rule.vendor, false);
+    takeParameter("feature", rule.feature, false);
+    takeParameter("version", rule.version, false);
+    takeParameter("certain", certain, false);
+
+    if (licenseType != NoLicenses && ofFile.empty() && rule.vendor.empty() &&
+        rule.feature.empty() && rule.version.empty() && certain.empty()) {
+        return refuse(messages::fill(messages::blankLicense, {licenseTypeText}));
+    }
+    StringTools::makeLower(rule.vendor);
+    StringTools::makeLower(rule.feature);
+    // Only reported: the rule passes all the same. On purpose.
+    trueOrFalse(certain, rule.certain);
+    if ((ofFile == "yes" || ofFile == "true") && !hashLicenseFile(value, rule)) return false;
+    licenses.push_back(std::move(rule));
+    return true;
+}
+
+// The messages show the whole expression of the rule, not its key. On purpose.
+bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
+    if (licenseFile.empty()) return refuse(messages::fill(messages::noLicenseFileYet, {value}));
+    if (hashedFile != licenseFile) {
+        hashedFile.clear();
+        if (!readHash(licenseFile, hashOfFile)) {
+            return refuse(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
+        }
+        hashedFile = licenseFile;
+    }
+    rule.fileHash = hashOfFile;
+    return true;
+}
+
+// Block by block, so that the file may be larger than the memory.
+bool HandleValidator::readHash(const std::string& path, std::uint64_t& hash) {
+    constexpr std::uint64_t blockSize = 65536;
+    BasicFile input;
+    if (!input.open(path, AccessRead)) return false;
+    hash = 0;
+    std::string block;
+    for (std::uint64_t left = FileUtils::getFileSize(path); left > 0; left -= block.size()) {
+        if (!input.read(block, static_cast<long long>(std::min(left, blockSize)))) return false;
+        if (block.empty()) break;
+        hash = StringTools::hashLarge(block, hash);
+    }
+    return true;
+}
+
+}  // namespace Tarvik

@@ -1,0 +1,58 @@
+// The section `optimization`: what is done to an idle application, and when.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "shared/library/common/StringTools.h"
+
+#include <array>
+
+namespace Tarvik {
+
+bool HandleValidator::parseOptimization(std::string& line) {
+    static constexpr auto keys = std::to_array<PlainKey>({
+        {"idle-timeout", &HandleValidator::idleTimeout},
+        {"suspend-timeout", &HandleValidator::suspendTimeout},
+        {"suspend-timeout-action", &HandleValidator::readSuspendTimeoutAction},
+        {"user-countdown", &HandleValidator::userCountdown},
+        {"resend-timeout", &HandleValidator::resendTimeout},
+        {"lag-time", &HandleValidator::lagTime},
+        {"method", &HandleValidator::readMethod},
+        {"terminate-time", &HandleValidator::terminateTime},
+        {"kill-time", &HandleValidator::killTime},
+        {"additional-countdown", &HandleValidator::readAdditionalOption},
+        {"additional-disabled", &HandleValidator::readAdditionalOption},
+    });
+
+    if (!divideKeyLine(line)) return false;
+    if (state != InSection) return true;
+    const PlainKey* const key = findKey(keys);
+    return key != nullptr ? readPlainKey(*key, optimizationItems, line) : refuseKey("optimization");
+}
+
+// "terminate" is the one word that is refused, and unknown words pass as 0. On purpose.
+bool HandleValidator::readSuspendTimeoutAction(std::string& value) {
+    std::string word = value;
+    StringTools::makeLower(word);
+    if (word == "terminate") return refuse(messages::fill(messages::invalidElement, {value}));
+    suspendTimeoutAction = mapSuspendAction(value);
+    return true;
+}
+
+// The argument is stored before the word is looked at, and stays behind a bad one. On purpose.
+bool HandleValidator::readMethod(std::string& value) {
+    const std::size_t colon = value.find(':');
+    if (colon != std::string::npos) {
+        disableMethodArg = value.substr(colon + 1);
+        value.erase(colon);
+    }
+    disableMethod = mapDisableMethod(value);
+    if (disableMethod != unknownDisableMethod) return true;
+    return refuse(messages::fill(messages::invalidElement, {value}));
+}
+
+bool HandleValidator::readAdditionalOption(std::string& value) {
+    additionalOptions[currentKey] = value;
+    return true;
+}
+
+}  // namespace Tarvik

@@ -1,0 +1,40 @@
+// The section `priorities`: who comes first.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+
+#include <array>
+#include <utility>
+
+namespace Tarvik {
+
+bool HandleValidator::parsePriorities(std::string& line) {
+    static constexpr auto parameters =
+        std::to_array<std::string_view>({"host", "user", "group", "priority"});
+    static constexpr RuleForm form = {
+        .section = "Priorities", .failure = messages::invalidValue, .allowed = parameters};
+
+    if (!divideKeyLine(line)) return false;
+    if (state != InSection) return true;
+    if (!readRuleLine(form, line)) return false;
+
+    PriorityDef rule;
+    rule.name = currentKey;
+    std::string word;
+    // A parameter written blank blanks its field: no "*" comes back. On purpose.
+    takeParameter("host", rule.host, false);
+    takeParameter("user", rule.user, false);
+    takeParameter("group", rule.group, false);
+    takeParameter("priority", word, false);
+
+    if (!word.empty()) {
+        rule.priority = mapPriority(word);
+        if (rule.priority == UnknownPriority) {
+            return refuse(messages::fill(messages::invalidPriority, {word}));
+        }
+    }
+    priorities.push_back(std::move(rule));
+    return true;
+}
+
+}  // namespace Tarvik

@@ -1,0 +1,183 @@
+// What all sections share: key lines, plain keys, rules and their expressions.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "shared/library/common/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+// The parameters of which a filter takes a list.
+constexpr auto listParameters = std::to_array<std::string_view>({
+    "os",
+    "n-os",
+    "host",
+    "n-host",
+    "user",
+    "n-user",
+    "wday",
+    "n-wday",
+    "date",
+    "n-date",
+    "time",
+    "n-time",
+});
+
+bool isListed(std::string_view word, std::span<const std::string_view> list) {
+    return std::find(list.begin(), list.end(), word) != list.end();
+}
+
+}  // namespace
+
+constinit NameSet HandleValidator::RuleNums;
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
+bool HandleValidator::parseValue(std::string value, RuleParameters& out) {
+    const bool good = readExpression(value);
+    out.clear();
+    for (const auto& [name, text] : expression.parameters()) {
+        out.emplace_hint(out.end(), name, text);
+    }
+    return good;
+}
+
+bool HandleValidator::readExpression(std::string_view text) {
+    const bool good = expression.read(text);
+    if (expression.lacksOpeningBracket()) {
+        refuse(messages::fill(messages::openingBracketMissing, {text}));
+    }
+    if (expression.lacksClosingBracket()) {
+        refuse(messages::fill(messages::closingBracketMissing, {text}));
+    }
+    for (const std::string_view name : expression.namesWithoutValue()) {
+        refuse(messages::fill(messages::invalidExpression, {name}));
+    }
+    return good;
+}
+
+bool HandleValidator::getValueElement(const RuleParameters& params, const std::string& name,
+                                      std::string& out, bool required) {
+    const auto first = params.lower_bound(name);
+    if (first == params.end() || first->first != name) return mayBeAbsent(name, required);
+    out = first->second;
+    return true;
+}
+
+template <typename Text>
+bool HandleValidator::takeParameter(std::string_view name, Text& out, bool required) {
+    const std::string_view* const value = expression.valueOf(name);
+    if (value == nullptr) return mayBeAbsent(name, required);
+    out = *value;
+    return true;
+}
+
+template bool HandleValidator::takeParameter(std::string_view, std::string&, bool);
+template bool HandleValidator::takeParameter(std::string_view, std::string_view&, bool);
+
+bool HandleValidator::mayBeAbsent(std::string_view name, bool required) {
+    return !required || refuse(messages::fill(messages::parameterRequired, {name, currentKey}));
+}
+
+bool HandleValidator::validateRuleParameters(RuleParameters& params, std::string& allowed) {
+    std::vector<std::string> words;
+    StringTools::split(allowed, ',', words, std::numeric_limits<int>::max(), false);
+    return holdOnly(params, std::vector<std::string_view>(words.begin(), words.end()));
+}
+
+// `Params` is the multimap or the list of an expression: both stand in the order of the names.
+template <typename Params>
+bool HandleValidator::holdOnly(const Params& params, std::span<const std::string_view> allowed) {
+    bool good = true;
+    for (const auto& [name, value] : params) {
+        if (isListed(name, allowed)) continue;
+        good = refuse(messages::fill(messages::parameterNotSupported, {name}));
+    }
+    return good;
+}
+
+bool HandleValidator::checkDoubleDeclaration(RuleParameters& params, std::string& /*allowed*/,
+                                             bool multiAllowed) {
+    return holdOnce(params, multiAllowed);
+}
+
+template <typename Params>
+bool HandleValidator::holdOnce(const Params& params, bool listsAllowed) {
+    bool good = true;
+    // Equal names stand side by side; each is told once.
+    for (auto param = params.begin(); param != params.end();) {
+        const auto& name = param->first;
+        const auto start = param++;
+        while (param != params.end() && param->first == name) {
+            ++param;
+        }
+        const bool repeated = std::next(start) != param;
+        if (repeated && !(listsAllowed && isListed(name, listParameters))) {
+            good = refuse(messages::fill(messages::multipleDefinition, {name}));
+        }
+    }
+    return good;
+}
+
+bool HandleValidator::checkInvalidRule(std::string& key) {
+    const bool good =
+        !key.empty() && key.find('.') == std::string::npos && key.find(' ') == std::string::npos;
+    return good || refuse(messages::fill(messages::invalidRuleName, {key}));
+}
+
+void HandleValidator::checkSimilarRules(std::string section, std::string& key) {
+    if (section != lastRuleSection) {
+        RuleNums.clear();
+        lastRuleSection = std::move(section);
+    }
+    if (!RuleNums.insert(key)) refuse(messages::fill(messages::multipleDefinition, {key}));
+}
+
+void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key) {
+    // At most as many as a section has plain keys.
+    if (std::find(seen.begin(), seen.end(), key) == seen.end()) {
+        seen.push_back(key);
+        return;
+    }
+    refuse(messages::fill(messages::multipleDefinition, {key}));
+}
+
+bool HandleValidator::readRuleLine(const RuleForm& form, std::string_view value) {
+    if (!checkInvalidRule(currentKey)) return false;
+    checkSimilarRules(std::string(form.section), currentKey);
+    return readParameters(form, value);
+}
+
+bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
+    if (!readExpression(value)) return refuse(messages::fill(form.failure, {value}));
+    if (!holdOnly(expression.parameters(), form.allowed)) return false;
+    return holdOnce(expression.parameters(), form.lists);
+}
+
+bool HandleValidator::divideKeyLine(std::string& line) {
+    if (divideAtEquals(line)) return true;
+    return refuse(messages::fill(messages::invalidElement, {line}));
+}
+
+const HandleValidator::PlainKey* HandleValidator::findKey(std::span<const PlainKey> keys) const {
+    const auto found = std::find_if(keys.begin(), keys.end(),
+                                    [this](const PlainKey& key) { return key.word == currentKey; });
+    return found == keys.end() ? nullptr : &*found;
+}
+
+bool HandleValidator::refuseKey(std::string_view section) {
+    return refuse(messages::fill(messages::keyNotSupported, {currentKey, section}));
+}
+
+bool HandleValidator::refuse(std::string message) {
+    addToErrorList(std::move(message), lineNumber);
+    return false;
+}
+
+}  // namespace Tarvik

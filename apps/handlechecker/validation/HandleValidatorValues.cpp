@@ -1,0 +1,182 @@
+// Values: booleans, numbers, durations and ranges, alone and behind plain keys.
+
+#include "apps/handlechecker/validation/HandleMessages.h"
+#include "apps/handlechecker/validation/HandleValidator.h"
+#include "shared/library/common/DateTime.h"
+#include "shared/library/common/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <limits>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+constexpr long secondsOfDay = 86400;
+
+// What one of each field of a duration is worth, from the right.
+constexpr std::array<long, 4> resolution = {1, 60, 3600, secondsOfDay};
+
+bool isDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
+bool holdsOnlyDigits(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), isDigit);
+}
+
+// The low bytes of the number; one beyond a long counts as the largest long.
+template <typename T>
+T cutNumber(const std::string& digits) {
+    return static_cast<T>(std::strtol(digits.c_str(), nullptr, 10));
+}
+
+// Cuts the last field that is not blank off the text; blank when there is none.
+std::string_view takeLastField(std::string_view& text, char separator) {
+    const std::size_t last = text.find_last_not_of(separator);
+    text = text.substr(0, last + 1);
+    const std::size_t start = text.rfind(separator) + 1;
+    const std::string_view field = text.substr(start);
+    text = text.substr(0, start);
+    return field;
+}
+
+}  // namespace
+
+bool HandleValidator::trueOrFalse(std::string value, bool& out) {
+    if (value.empty()) return true;
+    if (value == "true" || value == "yes") {
+        out = true;
+        return true;
+    }
+    if (value == "false" || value == "no") {
+        out = false;
+        return true;
+    }
+    return refuse(messages::fill(messages::invalidValueFor, {value, currentKey}));
+}
+
+template <typename T>
+bool HandleValidator::strToIntValidator(std::string value, T& out) {
+    if (value.empty()) return true;
+    if (!holdsOnlyDigits(value)) return refuse(messages::fill(messages::invalidValueOf, {value}));
+    out = cutNumber<T>(value);
+    return true;
+}
+
+template bool HandleValidator::strToIntValidator(std::string value, short& out);
+template bool HandleValidator::strToIntValidator(std::string value, int& out);
+template bool HandleValidator::strToIntValidator(std::string value, unsigned int& out);
+
+template <typename T>
+bool HandleValidator::strToFloatValidator(std::string value, T& out) {
+    if (value.empty()) return true;
+    const auto isPart = [](char byte) { return isDigit(byte) || byte == '.'; };
+    if (!std::all_of(value.begin(), value.end(), isPart) ||
+        std::count(value.begin(), value.end(), '.') > 1) {
+        return refuse(messages::fill(messages::invalidValueOf, {value}));
+    }
+    out = std::strtod(value.c_str(), nullptr);
+    return true;
+}
+
+template bool HandleValidator::strToFloatValidator(std::string value, double& out);
+
+long HandleValidator::getHMS(const std::string& value) {
+    long sum = 0;
+    std::string_view rest = value;
+    for (std::size_t i = 0;; ++i) {
+        const std::string_view field = takeLastField(rest, ':');
+        if (field.empty()) return sum;
+        scratchValue = field;
+        // There is no unit ahead of the days.
+        if (i == resolution.size() || !holdsOnlyDigits(field)) {
+            refuse(messages::fill(messages::invalidValueOf, {field}));
+            return 0;
+        }
+        sum += cutNumber<std::int32_t>(scratchValue) * resolution[i];
+    }
+}
+
+bool HandleValidator::getTimeRange(const std::string& value, RangeDef& out) {
+    const std::size_t dash = value.find('-');
+    if (dash == std::string::npos) return false;
+    out.start = getHMS(value.substr(0, dash));
+    out.end = getHMS(value.substr(dash + 1));
+    if (out.end < out.start) out.end += secondsOfDay;
+    return out.start != out.end;
+}
+
+bool HandleValidator::getDateRange(const std::string& value, RangeDef& out) {
+    // A dash in the date of the start is passed over; the first one behind its "T" ends it.
+    const std::size_t dash = value.find('-', value.find('T'));
+    if (dash == std::string::npos) return false;
+    if (!strToDate(value.substr(0, dash), out.start)) return false;
+    if (!strToDate(value.substr(dash + 1), out.end)) return false;
+    return out.end > out.start;
+}
+
+bool HandleValidator::strToDate(const std::string& value, long& out) {
+    try {
+        out = DateTime(value).getInternalTime();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+bool HandleValidator::readPlainKey(const PlainKey& key, std::vector<std::string>& seen,
+                                   std::string& value) {
+    checkMultipleSectionItems(seen, currentKey);
+    return std::visit([&](auto target) { return readValue(target, value); }, key.target);
+}
+
+bool HandleValidator::readValue(bool HandleValidator::*target, std::string& value) {
+    return trueOrFalse(value, this->*target);
+}
+
+// A bad duration has left its message and counts as 0.
+bool HandleValidator::readValue(long HandleValidator::*target, std::string& value) {
+    this->*target = getHMS(value);
+    return true;
+}
+
+bool HandleValidator::readValue(double HandleValidator::*target, std::string& value) {
+    return readNumber(value, this->*target);
+}
+
+bool HandleValidator::readValue(std::set<std::string> HandleValidator::*target,
+                                std::string& value) {
+    for (std::string& name : namesIn(value)) {
+        (this->*target).insert(std::move(name));
+    }
+    return true;
+}
+
+bool HandleValidator::readValue(bool (HandleValidator::*reader)(std::string&), std::string& value) {
+    return (this->*reader)(value);
+}
+
+std::vector<std::string> HandleValidator::namesIn(const std::string& value) {
+    std::vector<std::string> names;
+    splitAtCommas(value, names);
+    std::erase_if(names, [](const std::string& name) { return name.empty(); });
+    return names;
+}
+
+void HandleValidator::splitAtCommas(const std::string& value, std::vector<std::string>& out) {
+    StringTools::split(value, ',', out, std::numeric_limits<int>::max(), false);
+    for (std::string& part : out) {
+        StringTools::trim(part);
+    }
+}
+
+bool HandleValidator::readNumber(const std::string& value, double& out) {
+    scratchValue = value;
+    return strToFloatValidator<double>(scratchValue, out);
+}
+
+}  // namespace Tarvik
