@@ -7,7 +7,9 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 
 productPackages=(g++ cmake ninja-build libjsoncpp-dev zlib1g-dev)
 testPackages=(libgtest-dev python3)
-checkPackages=(clang clang-format clang-tidy libclang-rt-14-dev)
+checkPackages=(clang clang-format clang-tidy)
+fuzzPackages=(clang libclang-rt-14-dev)
+benchPackages=(libbenchmark-dev)
 
 # Standard output belongs to what the caller runs in the end; all chatter goes to standard error.
 aptInstall() {

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Runs each fuzzer for SECONDS, all of them side by side, and exits with 1 on a finding.
+#
+# All that they write stays under build/fuzz: the inputs that they collect in corpus, from where the
+# next run goes on, the inputs of findings in findings, and their output in <fuzzer>.log.
+
+# shellcheck source=scripts/setup.sh
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
+
+if [ $# -ne 1 ] || ! [[ $1 =~ ^[1-9][0-9]*$ ]]; then
+  echo "Usage: scripts/fuzz.sh SECONDS" >&2
+  exit 2
+fi
+seconds=$1
+fuzzers=(HandleValidatorFuzzer CmdParserFuzzer)
+build=$root/build/fuzz
+
+needPackages "${productPackages[@]}" "${fuzzPackages[@]}"
+cd "$root"
+cmake --preset fuzz
+cmake --build --preset fuzz
+
+# Where the seeds that name a file find it.
+cd "$root/fuzz"
+export TZ=UTC UBSAN_OPTIONS=print_stacktrace=1
+
+# The first directory gets what is new; the others are only read.
+startFuzzer() {
+  local seeds=("corpus/$1")
+  if [ "$1" = HandleValidatorFuzzer ]; then
+    seeds+=("$root/examples/handles" "$root/apps/handlechecker/test/handles")
+  fi
+  mkdir -p "$build/corpus/$1" "$build/findings/$1"
+  "$build/fuzz/$1" -max_total_time="$seconds" -max_len=8192 -timeout=10 -rss_limit_mb=1024 \
+    -dict="$1.dict" -artifact_prefix="$build/findings/$1/" -print_final_stats=1 \
+    "$build/corpus/$1" "${seeds[@]}" >"$build/$1.log" 2>&1 &
+  running[$1]=$!
+}
+
+declare -A running=()
+trap 'kill "${running[@]}" 2>/dev/null' INT TERM
+for fuzzer in "${fuzzers[@]}"; do
+  startFuzzer "$fuzzer"
+done
+
+status=0
+for fuzzer in "${fuzzers[@]}"; do
+  if wait "${running[$fuzzer]}"; then
+    echo "$fuzzer: no finding in $(grep -oP 'number_of_executed_units: \K.*' "$build/$fuzzer.log") runs"
+  else
+    status=1
+    echo "$fuzzer failed. The end of build/fuzz/$fuzzer.log:"
+    tail -n 60 "$build/$fuzzer.log"
+    input=$(grep -oP 'Test unit written to \K.*' "$build/$fuzzer.log" || true)
+    if [ -n "$input" ]; then
+      echo "The input is $input"
+      echo "Once more: cd fuzz && TZ=UTC $build/fuzz/$fuzzer $input"
+    fi
+  fi
+done
+exit "$status"
