@@ -46,6 +46,7 @@ std::string_view takeLastField(std::string_view& text, char separator) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 bool HandleValidator::trueOrFalse(std::string value, bool& out) {
     if (value.empty()) return true;
     if (value == "true" || value == "yes") {

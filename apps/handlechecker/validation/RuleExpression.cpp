@@ -91,15 +91,14 @@ bool RuleExpression::readPairs(std::string_view text) {
 // ends inside quotes.
 bool RuleExpression::takeValue(std::string_view text, std::size_t& at, std::string_view& value) {
     const std::size_t start = at;
-    at = findAny(text, start, '"', ',');
-    if (at == text.size() || text[at] == ',') {
-        value = text.substr(start, at - start);
-        return true;
-    }
+    at = std::min(text.find(',', start), text.size());
+    value = text.substr(start, at - start);
+    if (value.find('"') == std::string_view::npos) return true;
+
+    at = start;
     // All values together are no longer than the text: the earlier ones are never moved.
     unquoted.reserve(text.size());
     const std::size_t first = unquoted.size();
-    unquoted.append(text.substr(start, at - start));
     if (!unquote(text, at)) return false;
     value = std::string_view(unquoted).substr(first);
     return true;

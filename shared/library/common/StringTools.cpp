@@ -13,6 +13,22 @@ constexpr bool isBlank(char byte) {
     return static_cast<signed char>(byte) <= 32;
 }
 
+inline std::string_view withoutBlanksAhead(std::string_view text) {
+    std::size_t start = 0;
+    while (start < text.size() && isBlank(text[start])) {
+        ++start;
+    }
+    return text.substr(start);
+}
+
+inline std::string_view withoutBlanksBehind(std::string_view text) {
+    std::size_t end = text.size();
+    while (end > 0 && isBlank(text[end - 1])) {
+        --end;
+    }
+    return text.substr(0, end);
+}
+
 // A "*" or a "?" behind a "*" is dropped. A "*" behind a "?" is kept without being remembered, so
 // that one more behind it is kept too. On purpose.
 std::string withoutRepeatedStars(const std::string& pattern) {
@@ -104,23 +120,15 @@ std::size_t StringTools::trimRight(std::string& text) {
 }
 
 std::string_view StringTools::trimmed(std::string_view text) {
-    return trimmedLeft(trimmedRight(text));
+    return withoutBlanksAhead(withoutBlanksBehind(text));
 }
 
 std::string_view StringTools::trimmedLeft(std::string_view text) {
-    std::size_t start = 0;
-    while (start < text.size() && isBlank(text[start])) {
-        ++start;
-    }
-    return text.substr(start);
+    return withoutBlanksAhead(text);
 }
 
 std::string_view StringTools::trimmedRight(std::string_view text) {
-    std::size_t end = text.size();
-    while (end > 0 && isBlank(text[end - 1])) {
-        --end;
-    }
-    return text.substr(0, end);
+    return withoutBlanksBehind(text);
 }
 
 std::string StringTools::split(std::string& text, char separator) {
