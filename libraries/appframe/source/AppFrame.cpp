@@ -146,8 +146,9 @@ int AppFrame::runApp() {
     } catch (const std::exception& exception) {
         const std::string text = exception.what();
         return reportFailure(runLogger, "STD ERROR: " + text, text);
-    } catch (const char* text) {
-        return reportFailure(runLogger, "ERROR: " + std::string(text), text);
+    } catch (const char* thrown) {
+        const std::string text = thrown != nullptr ? thrown : "";
+        return reportFailure(runLogger, "ERROR: " + text, text);
     } catch (const std::string& text) {
         return reportFailure(runLogger, "ERROR: " + text, text);
     } catch (...) {

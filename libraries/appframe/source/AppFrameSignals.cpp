@@ -91,6 +91,7 @@ void AppFrame::signalQuit(int signalNumber) {
     storeSignal(signalNumber);
     if (signalNumber == SIGABRT) {
         core_sleep(millisecondsToAbort);
+        // Not exit: what that runs and flushes is not safe where anything may be half done.
         _exit(abortExitValue);
     }
     errno = errorBefore;

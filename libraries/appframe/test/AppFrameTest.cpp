@@ -62,6 +62,7 @@ constexpr auto runs = std::to_array<RunCase>({
      "no room\n"},
     {"a standard one", []() -> int { throw std::runtime_error("bad"); }, 4, "STD ERROR: bad\n"},
     {"a literal", []() -> int { throw "bad"; }, 4, "ERROR: bad\n"},
+    {"a null pointer", []() -> int { throw nullptr; }, 4, "ERROR: \n"},
     {"a string", []() -> int { throw std::string("bad"); }, 4, "ERROR: bad\n"},
     {"anything", []() -> int { throw 42; }, 4, "ERROR: Unknown exception\n"},
 });
