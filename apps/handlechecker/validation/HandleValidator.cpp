@@ -86,8 +86,8 @@ void HandleValidator::nameScanner(std::string& handleName) {
         const std::string_view text = StringTools::trimmed(line);
         const std::size_t equals = text.find('=');
         if (equals == std::string_view::npos) continue;
-        if (StringTools::trimmedRight(text.substr(0, equals)) != NameKey) continue;
-        handleName = StringTools::trimmedLeft(text.substr(equals + 1));
+        currentKey = StringTools::trimmedRight(text.substr(0, equals));
+        if (currentKey == NameKey) handleName = StringTools::trimmedLeft(text.substr(equals + 1));
     }
     file.close();
 }
@@ -141,8 +141,7 @@ auto HandleValidator::fieldsOf(Validator& v) {
         v.directLinkPeriod, v.additionalOptions, v.scratchValue, v.executablesItems,
         v.licensesItems, v.idleDetectionItems, v.cpuOveruseItems, v.optimizationItems,
         v.filterItems, v.priorityItems, v.sectionsSeen, v.lastRuleSection, v.currentLine,
-        v.nameLine, v.ruleLines, v.executablesLine, v.licensesLine, v.licenseTypeText, v.hashedFile,
-        v.hashOfFile);
+        v.nameLine, v.ruleLines, v.executablesLine, v.licensesLine, v.licenseTypeText, v.hashes);
 }
 
 void HandleValidator::clear() {

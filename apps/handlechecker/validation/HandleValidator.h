@@ -24,7 +24,7 @@ namespace Tarvik {
 ///
 /// On the way it gathers what the handle says, as a program that acts on handles does; such a
 /// program derives from it and reads the fields at the end.
-// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the fields stand by subject.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the order of the fields is settled.
 class HandleValidator {
 public:
     struct Error {
@@ -109,7 +109,9 @@ public:
     /// there is none, adds no error, and closes the file.
     void nameScanner(std::string& name);
 
-    /// Turns the checks for the existence of files off, for all files to come. The name misleads.
+    /// Turns off, for all files to come, the checks whether the files exist that a handle names.
+    /// The name misleads. A rule that asks for the fingerprint of a license file reads it all the
+    /// same.
     void setFilechecking() { skipFileChecks = true; }
 
     // --- results
@@ -176,7 +178,8 @@ public:
     /// The same for the plain keys, of which the section keeps those that it has `seen`.
     void checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key);
 
-    // --- values: the same. A blank one leaves the default and is no fault.
+    // --- values: the same. A blank one is no fault; it leaves the default, but as a duration it is
+    // 0.
 
     /// Exactly "true", "yes", "false" or "no".
     bool trueOrFalse(std::string value, bool& out);
@@ -387,7 +390,8 @@ protected:
     std::int32_t requiredMode = 0;         ///< 0 none, 1 any, 2 all, 3 the named ones.
     std::list<std::string> requiredNames;  ///< In lower case.
     bool assumeHidden = false;
-    /// Those with names first, the last one of the file ahead; then those without, in file order.
+    /// Those with a vendor first, the last one of the file ahead; then those without, in file
+    /// order.
     std::list<AvailableReq> availableReqs;
     std::set<std::string> ignoreVendors;
     std::set<std::string> ignoreFeatures;
@@ -421,9 +425,8 @@ protected:
 private:
     /// The expression of the rule that is being read; its line must still be there.
     RuleExpression expression;
-    /// The license file that was read last for its fingerprint, so that many rules read it once.
-    std::string hashedFile;
-    std::uint64_t hashOfFile = 0;
+    /// The fingerprints of the license files read so far, by path: many rules ask for the same.
+    std::map<std::string, std::uint64_t> hashes;
 
     /// All fields that a file starts anew with, for the copying of their first values.
     template <typename Validator>

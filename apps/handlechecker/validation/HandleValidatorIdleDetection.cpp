@@ -13,8 +13,8 @@ bool HandleValidator::parseIdleDetection(std::string& line) {
     });
 
     if (line == "counters") {
-        // A head inside the block counts too, and leads the line machine past its last state. On
-        // purpose.
+        // A head inside the block counts too, and leads the line machine past its last state; a
+        // second block is no repetition, but its keys are. On purpose, both.
         ++state;
         return true;
     }

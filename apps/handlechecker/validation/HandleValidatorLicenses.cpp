@@ -37,8 +37,8 @@ bool HandleValidator::parseLicenses(std::string& line) {
     return key != nullptr ? readPlainKey(*key, licensesItems, line) : licensesRule(line);
 }
 
-// The type decides what the keys below it do: without one they are taken without a look.
-
+// What follows depends on the type that stands ahead of it: under "none" a license file, a poller
+// and what is required are passed over without a look. On purpose.
 bool HandleValidator::readLicenseType(std::string& value) {
     licenseTypeText = value;
     const int type = mapLicenseType(value);
@@ -77,12 +77,15 @@ bool HandleValidator::readLicenseServer(std::string& value) {
     return true;
 }
 
+// The one list that a second line replaces. A part of other blanks than spaces stays, as a blank
+// one. On purpose, both.
 bool HandleValidator::readCentralizedLicenses(std::string& value) {
     StringTools::removeChar(value, ' ');
     splitAtCommas(value, centralizedLicenses);
     return true;
 }
 
+// The names of earlier lines stay, whatever the mode becomes. On purpose.
 bool HandleValidator::readRequired(std::string& value) {
     if (value.empty() || licenseType == NoLicenses) {
         requiredMode = 0;
@@ -113,7 +116,7 @@ bool HandleValidator::readAvailableReq(std::string& value) {
     AvailableReq requirement;
     if (StringTools::patternMatch("*=*", value)) {
         requirement.feature = StringTools::split(value, '=');
-        // A single name is the vendor's. On purpose.
+        // A single name is the vendor's, on purpose.
         requirement.vendor = StringTools::split(requirement.feature, ':');
     }
     if (StringTools::patternMatch("*%", value)) {
@@ -122,7 +125,7 @@ bool HandleValidator::readAvailableReq(std::string& value) {
     }
     scratchValue = value;
     if (!strToIntValidator(scratchValue, requirement.count)) return false;
-    // Those with names go ahead of those without, in reverse order. On purpose.
+    // Those with a vendor go ahead of those without, in reverse order. On purpose.
     const auto place = requirement.vendor.empty() ? availableReqs.end() : availableReqs.begin();
     availableReqs.insert(place, std::move(requirement));
     return true;
@@ -136,15 +139,17 @@ bool HandleValidator::licensesRule(std::string& value) {
     if (!readRuleLine(form, value)) return false;
 
     LicenseDef rule;
-    std::string_view ofFile;
+    std::string_view hashWanted;
     std::string certain;
-    takeParameter("license-file", ofFile, false);
+    takeParameter("license-file", hashWanted, false);
     takeParameter("vendor", rule.vendor, false);
     takeParameter("feature", rule.feature, false);
     takeParameter("version", rule.version, false);
     takeParameter("certain", certain, false);
 
-    if (licenseType != NoLicenses && ofFile.empty() && rule.vendor.empty() &&
+    // Whether something is written, not what: "certain=no" or "license-file=Yes" alone pass. On
+    // purpose.
+    if (licenseType != NoLicenses && hashWanted.empty() && rule.vendor.empty() &&
         rule.feature.empty() && rule.version.empty() && certain.empty()) {
         return refuse(messages::fill(messages::blankLicense, {licenseTypeText}));
     }
@@ -152,26 +157,30 @@ bool HandleValidator::licensesRule(std::string& value) {
     StringTools::makeLower(rule.feature);
     // Only reported: the rule passes all the same. On purpose.
     trueOrFalse(certain, rule.certain);
-    if ((ofFile == "yes" || ofFile == "true") && !hashLicenseFile(value, rule)) return false;
+    if ((hashWanted == "yes" || hashWanted == "true") && !hashLicenseFile(value, rule))
+        return false;
     licenses.push_back(std::move(rule));
     return true;
 }
 
-// The messages show the whole expression of the rule, not its key. On purpose.
+// Under any type, and with the checks for files off too. The messages show the whole expression of
+// the rule, not its key. On purpose, all.
 bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
     if (licenseFile.empty()) return refuse(messages::fill(messages::noLicenseFileYet, {value}));
-    if (hashedFile != licenseFile) {
-        hashedFile.clear();
-        if (!readHash(licenseFile, hashOfFile)) {
-            return refuse(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
-        }
-        hashedFile = licenseFile;
+    const auto known = hashes.find(licenseFile);
+    if (known != hashes.end()) {
+        rule.fileHash = known->second;
+        return true;
     }
-    rule.fileHash = hashOfFile;
+    if (!readHash(licenseFile, rule.fileHash)) {
+        return refuse(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
+    }
+    hashes.emplace(licenseFile, rule.fileHash);
     return true;
 }
 
-// Block by block, so that the file may be larger than the memory.
+// Block by block, so that the file may be larger than the memory. An empty one has the hash 0, as
+// if none was wanted.
 bool HandleValidator::readHash(const std::string& path, std::uint64_t& hash) {
     constexpr std::uint64_t blockSize = 65536;
     BasicFile input;

@@ -89,6 +89,8 @@ template bool HandleValidator::strToFloatValidator(std::string value, double& ou
 long HandleValidator::getHMS(const std::string& value) {
     long sum = 0;
     std::string_view rest = value;
+    // What a text without any field counts as.
+    scratchValue = "0";
     for (std::size_t i = 0;; ++i) {
         const std::string_view field = takeLastField(rest, ':');
         if (field.empty()) return sum;
@@ -115,8 +117,10 @@ bool HandleValidator::getDateRange(const std::string& value, RangeDef& out) {
     // A dash in the date of the start is passed over; the first one behind its "T" ends it.
     const std::size_t dash = value.find('-', value.find('T'));
     if (dash == std::string::npos) return false;
-    if (!strToDate(value.substr(0, dash), out.start)) return false;
-    if (!strToDate(value.substr(dash + 1), out.end)) return false;
+    RangeDef range;
+    if (!strToDate(value.substr(0, dash), range.start)) return false;
+    if (!strToDate(value.substr(dash + 1), range.end)) return false;
+    out = range;
     return out.end > out.start;
 }
 

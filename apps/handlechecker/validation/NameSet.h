@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// A name costs the same time however many there are.
+/// A name costs about the same time however many there are.
 class NameSet {
 public:
     /// False when the name is in already.

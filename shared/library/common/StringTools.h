@@ -44,7 +44,7 @@ public:
     static void removeChar(std::string& text, char unwanted);
 
     /// Whether the pattern fits the whole text: "*" stands for any run of bytes, "?" for one. Case
-    /// counts.
+    /// counts. A "?" right behind a star counts for nothing.
     ///
     /// Behind a star the match never goes back in the text, so that "*aab" does not fit "aaab".
     /// This limit is part of the handle format. An empty pattern fits nothing.
