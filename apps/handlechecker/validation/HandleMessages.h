@@ -1,4 +1,5 @@
-/// Every text that a fault of a handle can have; `{}` is where a value goes.
+/// Every text that a fault of a handle can have; `{}` is where a value goes. Odd capitals and
+/// spellings are the format's own.
 #pragma once
 
 #include "shared/library/tables/MessageText.h"

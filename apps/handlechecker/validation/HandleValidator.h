@@ -138,8 +138,8 @@ public:
     ParseObject getParseObject(std::string& word);
     /// Hands a line to the section's parser: true if that accepts it. False for `NoObject`.
     bool parseObjectChecker(ParseObject& object, std::string& line);
-    /// Brings all results to the values that a file starts with. `skipFileChecks` and the open file
-    /// are kept.
+    /// Brings all results to the values that a file starts with. Kept are the open file,
+    /// `skipFileChecks`, `lastError` and `hadLineError`.
     void clear();
 
     // --- the sections' parsers: true to accept the line; false needs no error of its own
@@ -155,8 +155,8 @@ public:
     // --- rules: each reports what it finds at the current line, and false means that it did
 
     /// Takes a rule's expression, such as `[type=include,exe="a, b"]`, apart. A blank one has no
-    /// parameters and is no fault. A text without either bracket is read all the same, for its
-    /// parameters and further faults, and is false in the end.
+    /// parameters and is no fault. A text that has neither bracket is read all the same, for its
+    /// parameters and further faults, and is false in the end; with one bracket alone nothing is.
     ///
     /// A name in quotes is false without a word, and a quote that is never closed makes its
     /// parameter vanish without a word. On purpose.
@@ -200,7 +200,8 @@ public:
     /// dash and for equal ends, without a report of its own; a bad side counts as 0.
     bool getTimeRange(const std::string& value, RangeDef& out);
     /// Two moments, "start-end", of which the start has a "T" and no zone west of Greenwich. False,
-    /// without a report, for a text that is none and for an end that is not behind the start.
+    /// without a report, for a missing "T" or dash, a moment that throws, and an end that is not
+    /// behind the start. What else cannot be read counts as a moment of its own.
     bool getDateRange(const std::string& value, RangeDef& out);
     /// One moment. False, without a report, for a text that cannot be read.
     bool strToDate(const std::string& value, long& out);

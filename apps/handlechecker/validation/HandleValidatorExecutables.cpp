@@ -46,6 +46,7 @@ bool HandleValidator::executablesRule(std::string& value) {
     if (!rule.include && type != "exclude") {
         return refuse(messages::fill(messages::invalidValueFor, {type, "type"}));
     }
+    // What is bad here is told with the name of the rule, not of the parameter. On purpose.
     if (!trueOrFalse(childOnly, rule.childOnly)) return false;
     if (!trueOrFalse(required, rule.required)) return false;
     // Written blank they mean the same as not written.

@@ -76,6 +76,7 @@ int HandleValidator::expectBrace(const std::string& line, LineState next) {
 // "{" -> InSection, rejected | else stays, rejected
 int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     if (line == "}") {
+        // A second handle may follow: it goes on with what the first one said. On purpose.
         state = OutsideHandle;
         return HandleClosed;
     }
@@ -90,7 +91,8 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     return reject(messages::fill(messages::invalidElement, {line}));
 }
 
-// The section opens even when the name is late. Only the first section can say so.
+// The section opens even when the name is late. Only the first one can say so, and again when it is
+// repeated.
 int HandleValidator::openSection() {
     state = ExpectSectionBrace;
     if (sectionsSeen.size() == 1 && name.empty()) {

@@ -150,6 +150,7 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
 
 bool HandleValidator::readRuleLine(const RuleForm& form, std::string_view value) {
     if (!checkInvalidRule(currentKey)) return false;
+    // The key of a rule that is rejected below counts as seen. On purpose.
     checkSimilarRules(std::string(form.section), currentKey);
     return readParameters(form, value);
 }

@@ -109,6 +109,7 @@ bool HandleValidator::getTimeRange(const std::string& value, RangeDef& out) {
     if (dash == std::string::npos) return false;
     out.start = getHMS(value.substr(0, dash));
     out.end = getHMS(value.substr(dash + 1));
+    // Before the ends are compared: "24:00:00-0" is refused. On purpose.
     if (out.end < out.start) out.end += secondsOfDay;
     return out.start != out.end;
 }

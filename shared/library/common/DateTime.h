@@ -95,10 +95,10 @@ public:
 
     /// The system's zone as the C library tells it, asked for at most once in 3600 seconds. The
     /// offset is the one in force, daylight shift included, so that in summer a text of that season
-    /// is shifted twice. On purpose: such instants are only compared with one another.
+    /// without a zone of its own is shifted twice. On purpose.
     ///
     /// The changes are those of this year. There is no daylight time if there are not just two of
-    /// them, there and back, 3 to 9 months apart.
+    /// them, there and back, 3 to 9 months apart, or if the offset is more than 12 hours.
     static const TzDef& calcCurrentTz();
 
 private:

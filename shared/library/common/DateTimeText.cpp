@@ -61,6 +61,7 @@ void DateTimeT::fromString(const std::string& text) {
     *this = {};
     zone = DateTime::currentTz();
 
+    // A "T" goes before a blank wherever it stands, and neither counts at the start.
     std::size_t separator = text.find('T');
     if (separator == std::string::npos) separator = text.find(' ');
     if (separator == std::string::npos || separator == 0) {

@@ -67,7 +67,7 @@ long changeInGmt(const DstDef& change, unsigned long year) {
     return day * secondsPerDay + change.hour * secondsPerHour;
 }
 
-// In GMT. No zone is so far off that a moment behind these would lie in another year that counts.
+// The year in GMT. Moments far out are brought near, which keeps them on their side of all changes.
 unsigned long yearOf(const DateTime& moment) {
     const long time = std::clamp(moment.getInternalTime(), -DateTime::Max, DateTime::Max);
     const auto day =
@@ -120,6 +120,8 @@ void TzDef::fromString(const std::string& text, const DateTime& moment) {
         return;
     }
 
+    // With so many characters it is an offset, even if it reads as none and so as GMT: "+12345" are
+    // no minutes. On purpose.
     const bool isIso =
         StringTools::patternMatch("+????*", text) || StringTools::patternMatch("-????*", text);
     *this = DateTime::currentTz();

@@ -39,7 +39,8 @@ struct TzDef {
     DstDef dstEnd = {};
 
     /// The offset is at most 12 hours either way, and daylight time, if there is any, has changes
-    /// that can be computed and lie 3 to 9 months apart. Whether `set` holds is not asked.
+    /// in months 3 to 9 apart, with a week of at most 5 and a day of at most 6. Whether `set` holds
+    /// is not asked.
     [[nodiscard]] bool isValid() const;
 
     // --- reading; `set` is true after each `from...String`
@@ -69,8 +70,8 @@ struct TzDef {
     /// In daylight time or near its end.
     [[nodiscard]] bool isDst(const DateTime& moment) const;
 
-    /// The instants of the changes, in seconds since 1970; 0 for an invalid zone and for changes
-    /// that cannot be computed. Years behind 9999 count as 9999.
+    /// The instants of the changes, in seconds since 1970; 0 for an invalid zone, and where a field
+    /// of a change is out of its range in another way. Years behind 9999 count as 9999.
     ///
     /// Of `week`, at most as many count as the month has Sundays, whatever the weekday: in a month
     /// of 31 days that begins on a Tuesday the fifth Tuesday cannot be named. Where a month has
