@@ -203,7 +203,7 @@ public:
     /// without a report, for a missing "T" or dash, a moment that throws, and an end that is not
     /// behind the start. What else cannot be read counts as a moment of its own.
     bool getDateRange(const std::string& value, RangeDef& out);
-    /// One moment. False, without a report, for a text that cannot be read.
+    /// One moment. False, without a report, if it throws; what else cannot be read counts as one.
     bool strToDate(const std::string& value, long& out);
 
     // --- words and their codes; the code of any other word differs from table to table, on purpose
