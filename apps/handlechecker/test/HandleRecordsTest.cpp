@@ -18,8 +18,6 @@ using Strings = std::vector<std::string>;
 /// Reads handles that consist of one section's lines, and shows what they left.
 class ReadHandle : public Tarvik::HandleValidator {
 public:
-    using HandleValidator::HandleValidator;
-
     /// The faults, each on a line of its own.
     std::string read(const std::string& section, const std::string& lines) {
         std::string path =

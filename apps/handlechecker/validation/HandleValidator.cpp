@@ -5,10 +5,28 @@
 #include "shared/library/common/StringTools.h"
 
 #include <ctime>
+#include <optional>
 #include <tuple>
 #include <utility>
 
 namespace Tarvik {
+
+namespace {
+
+struct KeyLine {
+    std::string_view key;
+    std::string_view value;
+};
+
+// Cut at the first "="; none without one.
+std::optional<KeyLine> divided(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) return std::nullopt;
+    return KeyLine{StringTools::trimmedRight(line.substr(0, equals)),
+                   StringTools::trimmedLeft(line.substr(equals + 1))};
+}
+
+}  // namespace
 
 bool HandleValidator::loadHandle(std::string& path) {
     if (!FileOps::exists(path)) return false;
@@ -83,11 +101,10 @@ void HandleValidator::nameScanner(std::string& handleName) {
     std::string line;
     while (!file.atEof(OperationAny)) {
         file.readLine(line);
-        const std::string_view text = StringTools::trimmed(line);
-        const std::size_t equals = text.find('=');
-        if (equals == std::string_view::npos) continue;
-        currentKey = StringTools::trimmedRight(text.substr(0, equals));
-        if (currentKey == NameKey) handleName = StringTools::trimmedLeft(text.substr(equals + 1));
+        const std::optional<KeyLine> keyLine = divided(StringTools::trimmed(line));
+        if (!keyLine) continue;
+        currentKey = keyLine->key;
+        if (currentKey == NameKey) handleName = keyLine->value;
     }
     file.close();
 }
@@ -102,12 +119,10 @@ std::string HandleValidator::keyLineDivider(std::string& line) {
 
 // The work of keyLineDivider; false, and nothing done, for a line without "=".
 bool HandleValidator::divideAtEquals(std::string& line) {
-    const std::string_view text = line;
-    const std::size_t equals = text.find('=');
-    if (equals == std::string_view::npos) return false;
-    currentKey = StringTools::trimmedRight(text.substr(0, equals));
-    const std::string_view value = StringTools::trimmedLeft(text.substr(equals + 1));
-    line.erase(0, text.size() - value.size());
+    const std::optional<KeyLine> keyLine = divided(line);
+    if (!keyLine) return false;
+    currentKey = keyLine->key;
+    line.erase(0, line.size() - keyLine->value.size());
     return true;
 }
 
