@@ -1,23 +1,183 @@
 #include "libraries/corelib/source/text/StringTools.h"
 
-#include <array>
+#include <algorithm>
 #include <cctype>
-#include <climits>
-#include <cstdlib>
-#include <string_view>
+#include <cwctype>
+#include <type_traits>
+#include <utility>
 
 namespace TarvikCorelib::StringTools {
 
 namespace {
 
-void appendUnescaped(std::string& out, char code, std::string_view encoded, std::string_view plain,
-                     char escapeChar) {
-    if (const auto index = encoded.find(code); index != std::string_view::npos) {
-        out += plain[index];
-        return;
+template <class Char>
+using Text = std::basic_string<Char>;
+template <class Char>
+using View = std::basic_string_view<Char>;
+
+const std::string& blanks(char /*width*/) {
+    return whitespace();
+}
+
+const std::wstring& blanks(wchar_t /*width*/) {
+    return whitespaceW();
+}
+
+template <class Char>
+bool isLow(Char c) {
+    return static_cast<std::make_unsigned_t<Char>>(c) <= ' ';
+}
+
+template <class Char>
+Text<Char>& trimmedLeft(Text<Char>& text, bool whitespaceOnly) {
+    const auto first = std::find_if_not(text.begin(), text.end(), [=](Char c) {
+        return whitespaceOnly ? blanks(c).find(c) != npos : isLow(c);
+    });
+    text.erase(text.begin(), first);
+    return text;
+}
+
+template <class Char>
+Text<Char>& trimmedRight(Text<Char>& text, bool whitespaceOnly) {
+    const auto last = std::find_if_not(text.rbegin(), text.rend(), [=](Char c) {
+        return whitespaceOnly ? blanks(c).find(c) != npos : isLow(c);
+    });
+    text.erase(last.base(), text.end());
+    return text;
+}
+
+char raised(char c) {
+    return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+}
+
+wchar_t raised(wchar_t c) {
+    return static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
+}
+
+char lowered(char c) {
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+wchar_t lowered(wchar_t c) {
+    return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
+}
+
+template <class Char>
+Text<Char>& allRaised(Text<Char>& text) {
+    for (Char& c : text)
+        c = raised(c);
+    return text;
+}
+
+template <class Char>
+Text<Char>& allLowered(Text<Char>& text) {
+    for (Char& c : text)
+        c = lowered(c);
+    return text;
+}
+
+template <class Char>
+bool dividesWords(Char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+template <class Char>
+Text<Char>& wordsCapitalized(Text<Char>& text) {
+    bool isFirst = true;
+    for (Char& c : text) {
+        c = isFirst ? raised(c) : lowered(c);
+        isFirst = dividesWords(c);
     }
-    out += escapeChar;
-    if (code != escapeChar) out += code;
+    return text;
+}
+
+template <class Char>
+Text<Char>& sentencesCapitalized(Text<Char>& text) {
+    bool isFirst = true;
+    for (Char& c : text) {
+        if (dividesWords(c)) continue;
+        c = isFirst ? raised(c) : lowered(c);
+        isFirst = c == '.';
+    }
+    return text;
+}
+
+template <class Char>
+Text<Char>& charsSubstituted(Text<Char>& text, Char from, Char to) {
+    std::replace(text.begin(), text.end(), from, to);
+    return text;
+}
+
+template <class Char>
+Text<Char>& partsSubstituted(Text<Char>& text, View<Char> from, View<Char> to) {
+    auto found = from.empty() ? npos : text.find(from);
+    if (found == npos) return text;
+    Text<Char> result;
+    result.reserve(text.size());
+    std::size_t done = 0;
+    for (; found != npos; found = text.find(from, done)) {
+        result.append(text, done, found - done).append(to);
+        done = found + from.size();
+    }
+    result.append(text, done);
+    text = std::move(result);
+    return text;
+}
+
+template <class Char>
+Text<Char>& unquoted(Text<Char>& text) {
+    if (text.size() < 2 || text.front() != text.back()) return text;
+    if (text.front() != '\'' && text.front() != '"') return text;
+    text.pop_back();
+    text.erase(0, 1);
+    return text;
+}
+
+// The ends of a stretch, cut to the text.
+template <class Char>
+auto stretchOf(Text<Char>& text, std::size_t pos, std::size_t count) {
+    const std::size_t first = std::min(pos, text.size());
+    const std::size_t last = first + std::min(count, text.size() - first);
+    const auto at = [&text](std::size_t i) {
+        return text.begin() + static_cast<std::ptrdiff_t>(i);
+    };
+    return std::pair(at(first), at(last));
+}
+
+template <class Char>
+Text<Char>& reversed(Text<Char>& text, std::size_t pos, std::size_t count) {
+    const auto [first, last] = stretchOf(text, pos, count);
+    std::reverse(first, last);
+    return text;
+}
+
+template <class Char, class IsUnwanted>
+Text<Char>& erased(Text<Char>& text, std::size_t pos, std::size_t count, IsUnwanted isUnwanted) {
+    const auto [first, last] = stretchOf(text, pos, count);
+    text.erase(std::remove_if(first, last, isUnwanted), last);
+    return text;
+}
+
+template <class Char>
+Text<Char>& setErased(Text<Char>& text, View<Char> set, std::size_t pos, std::size_t count,
+                      bool ifInSet) {
+    return erased(text, pos, count, [=](Char c) { return (set.find(c) != npos) == ifInSet; });
+}
+
+template <class Char>
+Text<Char>& charErased(Text<Char>& text, Char unwanted, std::size_t pos, std::size_t count) {
+    return erased(text, pos, count, [unwanted](Char c) { return c == unwanted; });
+}
+
+enum class Side { Left, Right, Both };
+
+template <class Char>
+Text<Char>& padded(Text<Char>& text, std::size_t width, Char c, Side side) {
+    if (text.size() >= width) return text;
+    const std::size_t missing = width - text.size();
+    const std::size_t left = side == Side::Left ? missing : side == Side::Both ? missing / 2 : 0;
+    text.insert(0, left, c);
+    return text.append(missing - left, c);
 }
 
 }  // namespace
@@ -27,55 +187,147 @@ const std::string& whitespace() {
     return characters;
 }
 
+const std::wstring& whitespaceW() {
+    static const std::wstring characters = L" \r\n\t\v\b\f";
+    return characters;
+}
+
+std::string& trimLeft(std::string& text, bool whitespaceOnly) {
+    return trimmedLeft(text, whitespaceOnly);
+}
+
+std::wstring& trimLeft(std::wstring& text, bool whitespaceOnly) {
+    return trimmedLeft(text, whitespaceOnly);
+}
+
+std::string& trimRight(std::string& text, bool whitespaceOnly) {
+    return trimmedRight(text, whitespaceOnly);
+}
+
+std::wstring& trimRight(std::wstring& text, bool whitespaceOnly) {
+    return trimmedRight(text, whitespaceOnly);
+}
+
+std::string& upper(std::string& text) {
+    return allRaised(text);
+}
+
+std::wstring& upper(std::wstring& text) {
+    return allRaised(text);
+}
+
+wchar_t& upper(wchar_t& c) {
+    return c = raised(c);
+}
+
 std::string& lower(std::string& text) {
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
+    return allLowered(text);
+}
+
+std::wstring& lower(std::wstring& text) {
+    return allLowered(text);
+}
+
+wchar_t& lower(wchar_t& c) {
+    return c = lowered(c);
+}
+
+std::string& capitalize(std::string& text) {
+    return wordsCapitalized(text);
+}
+
+std::wstring& capitalize(std::wstring& text) {
+    return wordsCapitalized(text);
+}
+
+std::string& capitalizeSentence(std::string& text) {
+    return sentencesCapitalized(text);
+}
+
+std::wstring& capitalizeSentence(std::wstring& text) {
+    return sentencesCapitalized(text);
+}
+
+std::string& substitute(std::string& text, char from, char to) {
+    return charsSubstituted(text, from, to);
+}
+
+std::wstring& substitute(std::wstring& text, wchar_t from, wchar_t to) {
+    return charsSubstituted(text, from, to);
+}
+
+std::string& substitute(std::string& text, std::string_view from, std::string_view to) {
+    return partsSubstituted<char>(text, from, to);
+}
+
+std::wstring& substitute(std::wstring& text, std::wstring_view from, std::wstring_view to) {
+    return partsSubstituted<wchar_t>(text, from, to);
 }
 
 std::string& unQuote(std::string& text) {
-    if (text.size() < 2 || text.front() != text.back()) return text;
-    if (text.front() != '\'' && text.front() != '"') return text;
-    text.pop_back();
-    text.erase(0, 1);
-    return text;
+    return unquoted(text);
 }
 
-std::string split(std::string& text, char delimiter) {
-    const auto found = text.find(delimiter);
-    std::string head = text.substr(0, found);
-    text.erase(0, found == std::string::npos ? found : found + 1);
-    return head;
+std::wstring& unQuote(std::wstring& text) {
+    return unquoted(text);
 }
 
-std::string unescape(const std::string& text, const std::string& encoded, const std::string& plain,
-                     char escapeChar) {
-    if (text.find(escapeChar) == std::string::npos) return text;
-    std::string result;
-    result.reserve(text.size() + 1 + text.size() / 5);
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        if (text[index] != escapeChar) {
-            result += text[index];
-        } else if (++index < text.size()) {
-            appendUnescaped(result, text[index], encoded, plain, escapeChar);
-        }
-    }
-    return result;
+std::string& reverse(std::string& text, std::size_t pos, std::size_t count) {
+    return reversed(text, pos, count);
 }
 
-std::string convert(const std::wstring& text) {
-    std::string result;
-    result.reserve(text.size());
-    std::array<char, MB_LEN_MAX> bytes{};
-    for (const wchar_t c : text) {
-        const int count = std::wctomb(bytes.data(), c);
-        if (count > 0) {
-            result.append(bytes.data(), static_cast<std::size_t>(count));
-        } else {
-            result += static_cast<char>(c);
-        }
-    }
-    return result;
+std::wstring& reverse(std::wstring& text, std::size_t pos, std::size_t count) {
+    return reversed(text, pos, count);
+}
+
+std::string& erase(std::string& text, char unwanted, std::size_t pos, std::size_t count) {
+    return charErased(text, unwanted, pos, count);
+}
+
+std::wstring& erase(std::wstring& text, wchar_t unwanted, std::size_t pos, std::size_t count) {
+    return charErased(text, unwanted, pos, count);
+}
+
+std::string& erase(std::string& text, std::string_view set, std::size_t pos, std::size_t count) {
+    return setErased<char>(text, set, pos, count, true);
+}
+
+std::wstring& erase(std::wstring& text, std::wstring_view set, std::size_t pos, std::size_t count) {
+    return setErased<wchar_t>(text, set, pos, count, true);
+}
+
+std::string& eraseAllExcept(std::string& text, std::string_view set, std::size_t pos,
+                            std::size_t count) {
+    return setErased<char>(text, set, pos, count, false);
+}
+
+std::wstring& eraseAllExcept(std::wstring& text, std::wstring_view set, std::size_t pos,
+                             std::size_t count) {
+    return setErased<wchar_t>(text, set, pos, count, false);
+}
+
+std::string& pad(std::string& text, std::size_t width, char c) {
+    return padded(text, width, c, Side::Both);
+}
+
+std::wstring& pad(std::wstring& text, std::size_t width, wchar_t c) {
+    return padded(text, width, c, Side::Both);
+}
+
+std::string& padLeft(std::string& text, std::size_t width, char c) {
+    return padded(text, width, c, Side::Left);
+}
+
+std::wstring& padLeft(std::wstring& text, std::size_t width, wchar_t c) {
+    return padded(text, width, c, Side::Left);
+}
+
+std::string& padRight(std::string& text, std::size_t width, char c) {
+    return padded(text, width, c, Side::Right);
+}
+
+std::wstring& padRight(std::wstring& text, std::size_t width, wchar_t c) {
+    return padded(text, width, c, Side::Right);
 }
 
 }  // namespace TarvikCorelib::StringTools

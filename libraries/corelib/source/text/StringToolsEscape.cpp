@@ -1,0 +1,107 @@
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+
+namespace TarvikCorelib::StringTools {
+
+namespace {
+
+// What each character becomes, on its way in or out; both ways the escape character is itself.
+template <class Char>
+struct EscapeTable {
+    std::basic_string_view<Char> from;
+    std::basic_string_view<Char> to;
+    Char escapeChar;
+
+    // Null for a character without a counterpart. A row goes before the escape character.
+    [[nodiscard]] const Char* find(Char c) const {
+        if (const auto index = from.find(c); index < to.size()) return &to[index];
+        return c == escapeChar ? &escapeChar : nullptr;
+    }
+};
+
+// A little longer than the text: few characters need an escape.
+template <class Char>
+std::basic_string<Char> roomFor(std::basic_string_view<Char> text) {
+    std::basic_string<Char> result;
+    result.reserve(text.size() + 1 + text.size() / 5);
+    return result;
+}
+
+template <class Char>
+std::basic_string<Char> escaped(std::basic_string_view<Char> text, const EscapeTable<Char>& table) {
+    const auto isPlain = [&table](Char c) { return table.find(c) == nullptr; };
+    if (std::all_of(text.begin(), text.end(), isPlain)) return std::basic_string<Char>(text);
+
+    std::basic_string<Char> result = roomFor(text);
+    for (const Char c : text) {
+        const Char* const code = table.find(c);
+        if (code != nullptr) result += table.escapeChar;
+        result += code != nullptr ? *code : c;
+    }
+    return result;
+}
+
+template <class Char>
+void appendUnescaped(std::basic_string<Char>& out, Char code, const EscapeTable<Char>& table) {
+    const Char* const plain = table.find(code);
+    if (plain == nullptr) out += table.escapeChar;
+    out += plain != nullptr ? *plain : code;
+}
+
+template <class Char>
+std::basic_string<Char> unescaped(std::basic_string_view<Char> text,
+                                  const EscapeTable<Char>& table) {
+    auto found = text.find(table.escapeChar);
+    if (found == npos) return std::basic_string<Char>(text);
+
+    std::basic_string<Char> result = roomFor(text);
+    std::size_t pos = 0;
+    for (; found != npos; found = text.find(table.escapeChar, pos)) {
+        result.append(text, pos, found - pos);
+        if (found + 1 == text.size()) return result;
+        appendUnescaped(result, text[found + 1], table);
+        pos = found + 2;
+    }
+    return result.append(text, pos);
+}
+
+}  // namespace
+
+std::string escape(std::string_view text, char c, char replacement, char escapeChar) {
+    return escaped<char>(text, {{&c, 1}, {&replacement, 1}, escapeChar});
+}
+
+std::wstring escape(std::wstring_view text, wchar_t c, wchar_t replacement, wchar_t escapeChar) {
+    return escaped<wchar_t>(text, {{&c, 1}, {&replacement, 1}, escapeChar});
+}
+
+std::string escape(std::string_view text, std::string_view chars, std::string_view replacements,
+                   char escapeChar) {
+    return escaped<char>(text, {chars, replacements, escapeChar});
+}
+
+std::wstring escape(std::wstring_view text, std::wstring_view chars, std::wstring_view replacements,
+                    wchar_t escapeChar) {
+    return escaped<wchar_t>(text, {chars, replacements, escapeChar});
+}
+
+std::string unescape(std::string_view text, char c, char replacement, char escapeChar) {
+    return unescaped<char>(text, {{&replacement, 1}, {&c, 1}, escapeChar});
+}
+
+std::wstring unescape(std::wstring_view text, wchar_t c, wchar_t replacement, wchar_t escapeChar) {
+    return unescaped<wchar_t>(text, {{&replacement, 1}, {&c, 1}, escapeChar});
+}
+
+std::string unescape(std::string_view text, std::string_view encoded, std::string_view plain,
+                     char escapeChar) {
+    return unescaped<char>(text, {encoded, plain, escapeChar});
+}
+
+std::wstring unescape(std::wstring_view text, std::wstring_view encoded, std::wstring_view plain,
+                      wchar_t escapeChar) {
+    return unescaped<wchar_t>(text, {encoded, plain, escapeChar});
+}
+
+}  // namespace TarvikCorelib::StringTools

@@ -1,0 +1,307 @@
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+#include <limits>
+
+namespace TarvikCorelib::StringTools {
+
+namespace {
+
+// Where the numbers of narrow and of wide texts differ.
+template <class Char>
+struct NumberForm;
+
+template <>
+struct NumberForm<char> {
+    static constexpr int Decimals = 14;
+    static constexpr auto ReadLong = std::strtol;
+    static constexpr auto ReadUnsignedLong = std::strtoul;
+};
+
+template <>
+struct NumberForm<wchar_t> {
+    static constexpr int Decimals = 15;
+    static constexpr auto ReadLong = std::wcstol;
+    static constexpr auto ReadUnsignedLong = std::wcstoul;
+};
+
+template <class Char>
+bool isDigit(Char c) {
+    return c >= '0' && c <= '9';
+}
+
+template <class Char>
+bool isDigitOrPoint(Char c) {
+    return isDigit(c) || c == '.';
+}
+
+template <class Char>
+bool isTrimmable(std::basic_string_view<Char> text) {
+    if (text.size() == 1 && text.front() == '.') return false;
+    return std::all_of(text.begin(), text.end(),
+                       [](Char c) { return isDigitOrPoint(c) || c == '-'; });
+}
+
+template <class Char>
+std::basic_string<Char>& trimmed(std::basic_string<Char>& text) {
+    if (!isTrimmable<Char>(text)) return text;
+    // The zero before a "." goes too, on purpose; nothing but zeros stays.
+    if (const auto first = text.find_first_not_of(Char{'0'}); first != npos) text.erase(0, first);
+
+    const auto point = text.find(Char{'.'});
+    if (point == npos) return text;
+    const auto last = text.find_last_not_of(Char{'0'});
+    text.erase(last == point ? point : last + 1);
+    if (text.empty()) text = Char{'0'};
+    return text;
+}
+
+template <class Char>
+bool isRoundable(std::basic_string_view<Char> text) {
+    // A "." in front is never rounded, on purpose.
+    if (text.empty() || text.front() == '.') return false;
+    if (std::count(text.begin(), text.end(), Char{'.'}) > 1) return false;
+    // Only a text with a sign is checked for digits, on purpose.
+    if (text.front() != '-') return true;
+    return text.size() > 1 && std::all_of(text.begin() + 1, text.end(), isDigitOrPoint<Char>);
+}
+
+// Adds 1 to the last digit. A carry out of the digits puts a new one before them, behind a sign.
+template <class Char>
+void roundUp(std::basic_string<Char>& text) {
+    std::size_t pos = text.size();
+    for (; pos > 0; --pos) {
+        Char& c = text[pos - 1];
+        if (c == '.') continue;
+        if (!isDigit(c)) break;
+        if (c != '9') {
+            ++c;
+            return;
+        }
+        c = Char{'0'};
+    }
+    text.insert(pos, 1, Char{'1'});
+}
+
+template <class Char>
+void cutAndRound(std::basic_string<Char>& text, std::size_t cut) {
+    const Char digit = text[cut];
+    text.erase(cut);
+    if (isDigit(digit) && digit >= '5') roundUp(text);
+}
+
+template <class Char>
+std::basic_string<Char>& rounded(std::basic_string<Char>& text, std::size_t decimals,
+                                 bool padWithZeros) {
+    if (!isRoundable<Char>(text)) return text;
+    const std::size_t point = std::min(text.find(Char{'.'}), text.size());
+    const std::size_t present = point == text.size() ? 0 : text.size() - point - 1;
+
+    if (present > decimals) cutAndRound(text, point + 1 + decimals);
+    if (present < decimals && padWithZeros) {
+        if (point == text.size()) text += Char{'.'};
+        text.append(decimals - present, Char{'0'});
+    }
+    return text;
+}
+
+template <class Char, class Integer>
+std::basic_string<Char> digitsOf(Integer number) {
+    std::array<char, 20> digits{};  // As many as 64 bits need, with a sign.
+    const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    return {digits.cbegin(), end};
+}
+
+// The zeros at the end of an exponent go too, on purpose.
+std::string_view withoutTrailingZeros(std::string_view text) {
+    if (text.find('.') == npos) return text;
+    text = text.substr(0, text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.remove_suffix(1);
+    return text;
+}
+
+template <class Char>
+std::basic_string<Char> decimalsOf(double number) {
+    if (number == 0) return {Char{'0'}};
+
+    // The longest is -1e15 with 15 decimals: 33 characters.
+    std::array<char, 48> buffer{};
+    const double magnitude = std::fabs(number);
+    const bool isScientific = magnitude > 1e15 || magnitude < 1e-15;
+    if (isScientific) {
+        std::snprintf(buffer.data(), buffer.size(), "%.15e", number);
+    } else {
+        std::snprintf(buffer.data(), buffer.size(), "%.*f", NumberForm<Char>::Decimals, number);
+    }
+    const std::string_view text = withoutTrailingZeros(buffer.data());
+    return {text.begin(), text.end()};
+}
+
+template <class Char>
+bool isTrue(std::basic_string_view<Char> text) {
+    return !text.empty() && !(text.size() == 1 && text.front() == '0');
+}
+
+template <class Integer, class Char>
+Integer toInteger(const std::basic_string<Char>& text) {
+    if constexpr (std::signed_integral<Integer>)
+        return static_cast<Integer>(NumberForm<Char>::ReadLong(text.c_str(), nullptr, 10));
+    return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(text.c_str(), nullptr, 10));
+}
+
+template <class Char>
+unsigned long long leadingDigits(std::basic_string_view<Char> text) {
+    unsigned long long number = 0;
+    for (const Char c : text) {
+        if (!isDigit(c)) break;
+        number = number * 10 + static_cast<unsigned long long>(c - '0');
+    }
+    return number;
+}
+
+template <class Char>
+long long signedNumber(std::basic_string_view<Char> text) {
+    const bool isNegative = !text.empty() && text.front() == '-';
+    if (isNegative) text.remove_prefix(1);
+    const unsigned long long magnitude = leadingDigits(text);
+    return static_cast<long long>(isNegative ? 0 - magnitude : magnitude);
+}
+
+}  // namespace
+
+std::string& trimNumber(std::string& text) {
+    return trimmed(text);
+}
+
+std::wstring& trimNumber(std::wstring& text) {
+    return trimmed(text);
+}
+
+std::string& roundNumber(std::string& text, std::size_t decimals, bool padWithZeros) {
+    return rounded(text, decimals, padWithZeros);
+}
+
+std::wstring& roundNumber(std::wstring& text, std::size_t decimals, bool padWithZeros) {
+    return rounded(text, decimals, padWithZeros);
+}
+
+std::string toString(bool value) {
+    return value ? "1" : "0";
+}
+
+std::wstring toWString(bool value) {
+    return value ? L"1" : L"0";
+}
+
+std::string toString(long long number) {
+    return digitsOf<char>(number);
+}
+
+std::wstring toWString(long long number) {
+    return digitsOf<wchar_t>(number);
+}
+
+std::string toString(unsigned long long number) {
+    return digitsOf<char>(number);
+}
+
+std::wstring toWString(unsigned long long number) {
+    return digitsOf<wchar_t>(number);
+}
+
+std::string toString(double number) {
+    return decimalsOf<char>(number);
+}
+
+std::wstring toWString(double number) {
+    return decimalsOf<wchar_t>(number);
+}
+
+bool toBool(std::string_view text) {
+    return isTrue(text);
+}
+
+bool toBool(std::wstring_view text) {
+    return isTrue(text);
+}
+
+std::int8_t toInt8(const std::string& text) {
+    return toInteger<std::int8_t>(text);
+}
+
+std::int8_t toInt8(const std::wstring& text) {
+    return toInteger<std::int8_t>(text);
+}
+
+std::uint8_t toUInt8(const std::string& text) {
+    return toInteger<std::uint8_t>(text);
+}
+
+std::uint8_t toUInt8(const std::wstring& text) {
+    return toInteger<std::uint8_t>(text);
+}
+
+std::int16_t toInt16(const std::string& text) {
+    return toInteger<std::int16_t>(text);
+}
+
+std::int16_t toInt16(const std::wstring& text) {
+    return toInteger<std::int16_t>(text);
+}
+
+std::uint16_t toUInt16(const std::string& text) {
+    return toInteger<std::uint16_t>(text);
+}
+
+std::uint16_t toUInt16(const std::wstring& text) {
+    return toInteger<std::uint16_t>(text);
+}
+
+std::int32_t toInt32(const std::string& text) {
+    return toInteger<std::int32_t>(text);
+}
+
+std::int32_t toInt32(const std::wstring& text) {
+    return toInteger<std::int32_t>(text);
+}
+
+std::uint32_t toUInt32(const std::string& text) {
+    return toInteger<std::uint32_t>(text);
+}
+
+std::uint32_t toUInt32(const std::wstring& text) {
+    return toInteger<std::uint32_t>(text);
+}
+
+long long toInt64(std::string_view text) {
+    return signedNumber(text);
+}
+
+long long toInt64(std::wstring_view text) {
+    return signedNumber(text);
+}
+
+unsigned long long toUInt64(std::string_view text) {
+    return leadingDigits(text);
+}
+
+unsigned long long toUInt64(std::wstring_view text) {
+    return leadingDigits(text);
+}
+
+double toDouble(const std::string& text) {
+    return std::min(std::strtod(text.c_str(), nullptr), std::numeric_limits<double>::max());
+}
+
+// Not capped as the narrow form is, on purpose.
+double toDouble(const std::wstring& text) {
+    return std::strtod(convert(text).c_str(), nullptr);
+}
+
+}  // namespace TarvikCorelib::StringTools

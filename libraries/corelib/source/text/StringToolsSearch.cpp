@@ -1,0 +1,224 @@
+#include "libraries/corelib/source/text/StringIterator.h"
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
+namespace TarvikCorelib::StringTools {
+
+namespace {
+
+template <class Char>
+using View = std::basic_string_view<Char>;
+
+// All ones, too, means that there is nothing.
+template <class Char>
+View<Char> stretchOf(View<Char> text, std::size_t pos, std::size_t count) {
+    return text.substr(std::min(pos, text.size()), count);
+}
+
+template <class Char>
+std::size_t countChars(View<Char> text, Char c) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), c));
+}
+
+template <class Char>
+std::size_t countParts(View<Char> text, View<Char> part) {
+    if (part.empty()) return 0;
+    std::size_t found = 0;
+    for (auto at = text.find(part); at != npos; at = text.find(part, at + part.size()))
+        ++found;
+    return found;
+}
+
+template <class Char>
+std::size_t countForward(View<Char> text, Char c, std::size_t pos, Char stop) {
+    const View<Char> tail = stretchOf(text, pos, npos);
+    return countChars(tail.substr(0, tail.find(stop)), c);
+}
+
+template <class Char>
+std::size_t countBackward(View<Char> text, Char c, std::size_t pos, Char stop) {
+    const View<Char> head = text.substr(0, pos < text.size() ? pos + 1 : npos);
+    const auto stopAt = head.rfind(stop);
+    return countChars(head.substr(stopAt == npos ? 0 : stopAt + 1), c);
+}
+
+template <class Char>
+std::size_t firstDiff(View<Char> a, View<Char> b, std::size_t posA, std::size_t posB) {
+    a.remove_prefix(std::min(posA, a.size()));
+    b.remove_prefix(std::min(posB, b.size()));
+    const auto [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    if (endA == a.end() && endB == b.end()) return npos;
+    return posA + static_cast<std::size_t>(endA - a.begin());
+}
+
+template <class Char>
+int compareAt(View<Char> text, std::size_t pos, View<Char> part) {
+    if (pos > text.size()) return -1;
+    const View<Char> own = text.substr(pos, part.size());
+    const auto isLess = [](Char a, Char b) {
+        using Unsigned = std::make_unsigned_t<Char>;
+        return static_cast<Unsigned>(a) < static_cast<Unsigned>(b);
+    };
+    if (own == part) return 0;
+    const bool less =
+        std::lexicographical_compare(own.begin(), own.end(), part.begin(), part.end(), isLess);
+    return less ? -1 : 1;
+}
+
+// Walks through the characters outside quotes, at most `count` of them unless that is 0, to the
+// first at which `isWanted` finds what it looks for.
+template <class Char, class IsWanted>
+std::size_t findOutsideQuotes(View<Char> text, std::size_t pos, std::size_t count,
+                              IsWanted isWanted) {
+    BasicStringIterator<Char> walk(pos);
+    std::size_t looked = 0;
+    while (walk.next(text)) {
+        if (walk.isQuoted()) continue;
+        if (isWanted(walk)) return walk.index();
+        if (++looked == count) return npos;
+    }
+    return npos;
+}
+
+template <class Char>
+std::size_t findChar(View<Char> text, Char c, std::size_t pos, std::size_t count) {
+    return findOutsideQuotes(text, pos, count,
+                             [c](const auto& walk) { return walk.current() == c; });
+}
+
+// The next occurrence, quoted or not, is known ahead, so that each is looked for once.
+template <class Char>
+std::size_t findPart(View<Char> text, View<Char> part, std::size_t pos, std::size_t count) {
+    std::size_t next = text.find(part, pos);
+    return findOutsideQuotes(text, pos, count, [=](const auto& walk) mutable {
+        if (next < walk.index()) next = text.find(part, walk.index());
+        return next == walk.index();
+    });
+}
+
+// Wraps around in the unsigned type of that width.
+template <class Number, class Char>
+Number hash(View<Char> text) {
+    using Unsigned = std::make_unsigned_t<Number>;
+    std::uint64_t value = 0;
+    for (const Char c : text)
+        value = value * 37 + static_cast<std::make_unsigned_t<Char>>(c);
+    return static_cast<Number>(static_cast<Unsigned>(value));
+}
+
+}  // namespace
+
+std::size_t count(std::string_view text, char c, std::size_t pos, std::size_t count) {
+    return countChars(stretchOf(text, pos, count), c);
+}
+
+std::size_t count(std::wstring_view text, wchar_t c, std::size_t pos, std::size_t count) {
+    return countChars(stretchOf(text, pos, count), c);
+}
+
+std::size_t count(std::string_view text, std::string_view part, std::size_t pos,
+                  std::size_t count) {
+    return countParts(stretchOf(text, pos, count), part);
+}
+
+std::size_t count(std::wstring_view text, std::wstring_view part, std::size_t pos,
+                  std::size_t count) {
+    return countParts(stretchOf(text, pos, count), part);
+}
+
+std::size_t countUpTo(std::string_view text, char c, std::size_t pos, char stop) {
+    return countForward(text, c, pos, stop);
+}
+
+std::size_t countUpTo(std::wstring_view text, wchar_t c, std::size_t pos, wchar_t stop) {
+    return countForward(text, c, pos, stop);
+}
+
+std::size_t countDownTo(std::string_view text, char c, std::size_t pos, char stop) {
+    return countBackward(text, c, pos, stop);
+}
+
+std::size_t countDownTo(std::wstring_view text, wchar_t c, std::size_t pos, wchar_t stop) {
+    return countBackward(text, c, pos, stop);
+}
+
+std::size_t findFirstDiff(std::string_view a, std::string_view b, std::size_t posA,
+                          std::size_t posB) {
+    return firstDiff(a, b, posA, posB);
+}
+
+std::size_t findFirstDiff(std::wstring_view a, std::wstring_view b, std::size_t posA,
+                          std::size_t posB) {
+    return firstDiff(a, b, posA, posB);
+}
+
+int subCompare(std::string_view text, std::size_t pos, std::string_view part) {
+    return compareAt(text, pos, part);
+}
+
+int subCompare(std::wstring_view text, std::size_t pos, std::wstring_view part) {
+    return compareAt(text, pos, part);
+}
+
+std::size_t findNotQuoted(std::string_view text, char c, std::size_t pos, std::size_t count) {
+    return findChar(text, c, pos, count);
+}
+
+std::size_t findNotQuoted(std::wstring_view text, wchar_t c, std::size_t pos, std::size_t count) {
+    return findChar(text, c, pos, count);
+}
+
+std::size_t findNotQuoted(std::string_view text, std::string_view part, std::size_t pos,
+                          std::size_t count) {
+    return findPart(text, part, pos, count);
+}
+
+std::size_t findNotQuoted(std::wstring_view text, std::wstring_view part, std::size_t pos,
+                          std::size_t count) {
+    return findPart(text, part, pos, count);
+}
+
+std::int16_t hashInt16(std::string_view text) {
+    return hash<std::int16_t>(text);
+}
+
+std::uint16_t hashUInt16(std::string_view text) {
+    return hash<std::uint16_t>(text);
+}
+
+std::int32_t hashInt32(std::string_view text) {
+    return hash<std::int32_t>(text);
+}
+
+std::int32_t hashInt32(std::wstring_view text) {
+    return hash<std::int32_t>(text);
+}
+
+std::uint32_t hashUInt32(std::string_view text) {
+    return hash<std::uint32_t>(text);
+}
+
+std::uint32_t hashUInt32(std::wstring_view text) {
+    return hash<std::uint32_t>(text);
+}
+
+std::int64_t hashInt64(std::string_view text) {
+    return hash<std::int64_t>(text);
+}
+
+std::int64_t hashInt64(std::wstring_view text) {
+    return hash<std::int64_t>(text);
+}
+
+std::uint64_t hashUInt64(std::string_view text) {
+    return hash<std::uint64_t>(text);
+}
+
+std::uint64_t hashUInt64(std::wstring_view text) {
+    return hash<std::uint64_t>(text);
+}
+
+}  // namespace TarvikCorelib::StringTools

@@ -1,0 +1,228 @@
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdlib>
+#include <cwchar>
+#include <exception>
+
+namespace TarvikCorelib::StringTools {
+
+namespace {
+
+// A multibyte state of its own for each character, so that any thread may convert.
+wchar_t widened(char byte) {
+    std::mbstate_t state{};
+    wchar_t c = 0;
+    // More than 1: the byte only begins a character, or is none.
+    const bool isSevenBit = static_cast<unsigned char>(byte) < 0x80;
+    if (!isSevenBit || std::mbrtowc(&c, &byte, 1, &state) > 1) throw std::exception();
+    return c;
+}
+
+char lowByte(wchar_t c) {
+    return static_cast<char>(c);
+}
+
+// The bytes of one character, or its low byte if the locale has none for it.
+class NarrowCharacter {
+public:
+    explicit NarrowCharacter(wchar_t c) {
+        std::mbstate_t state{};
+        const std::size_t count = std::wcrtomb(bytes.data(), c, &state);
+        if (count != static_cast<std::size_t>(-1)) {
+            size = count;
+        } else {
+            bytes.front() = lowByte(c);
+        }
+    }
+
+    [[nodiscard]] std::string_view view() const { return {bytes.data(), size}; }
+
+private:
+    std::array<char, MB_LEN_MAX> bytes{};
+    std::size_t size = 1;
+};
+
+template <class To, class From>
+To convertedItems(const From& items) {
+    To result;
+    for (const auto& item : items)
+        result.emplace_hint(result.end(), convert(item));
+    return result;
+}
+
+template <class To, class From>
+To convertedPairs(const From& pairs) {
+    To result;
+    for (const auto& [key, value] : pairs)
+        result.emplace_hint(result.end(), convert(key), convert(value));
+    return result;
+}
+
+bool isPlain(wchar_t c) {
+    return c >= L' ' && c <= L'~' && c != L'#';
+}
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Reads "#", digits and ";" at the front of `text` and takes them off it. Of anything less it takes
+// "#" and the digits, as they are: each byte is looked at once.
+void takeReference(std::string_view& text, std::wstring& out) {
+    const std::string_view tail = text.substr(1);
+    const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit);
+    const auto digits = static_cast<std::size_t>(stop - tail.begin());
+    text.remove_prefix(1 + digits);
+    if (digits == 0 || !text.starts_with(';')) {
+        out += L'#';
+        out += convert(tail.substr(0, digits));
+        return;
+    }
+    // The ";" ends the number. A huge one is cut.
+    out += static_cast<wchar_t>(std::strtol(tail.data(), nullptr, 10));
+    text.remove_prefix(1);
+}
+
+constexpr std::size_t bytesPerCharacter = 4;
+
+// The lowest byte comes first, on any machine. What follows the four bytes stays as it is.
+void putBytes(wchar_t c, char* bytes) {
+    for (std::size_t i = 0; i < bytesPerCharacter; ++i)
+        bytes[i] = static_cast<char>(c >> (CHAR_BIT * i));
+}
+
+wchar_t getBytes(const char* bytes) {
+    std::uint32_t code = 0;
+    for (std::size_t i = bytesPerCharacter; i-- > 0;)
+        code = code << CHAR_BIT | static_cast<unsigned char>(bytes[i]);
+    return static_cast<wchar_t>(code);
+}
+
+}  // namespace
+
+wchar_t convert(char c) {
+    return widened(c);
+}
+
+std::wstring convert(std::string_view text) {
+    std::wstring result(text.size(), L'\0');
+    std::transform(text.begin(), text.end(), result.begin(), widened);
+    return result;
+}
+
+char convert(wchar_t c) {
+    const NarrowCharacter narrow(c);
+    return narrow.view().size() == 1 ? narrow.view().front() : lowByte(c);
+}
+
+std::string convert(std::wstring_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const wchar_t c : text)
+        result += NarrowCharacter(c).view();
+    return result;
+}
+
+std::set<std::wstring> convert(const std::set<std::string>& items) {
+    return convertedItems<std::set<std::wstring>>(items);
+}
+
+std::set<std::string> convert(const std::set<std::wstring>& items) {
+    return convertedItems<std::set<std::string>>(items);
+}
+
+std::multiset<std::wstring> convert(const std::multiset<std::string>& items) {
+    return convertedItems<std::multiset<std::wstring>>(items);
+}
+
+std::multiset<std::string> convert(const std::multiset<std::wstring>& items) {
+    return convertedItems<std::multiset<std::string>>(items);
+}
+
+std::map<std::wstring, std::wstring> convert(const std::map<std::string, std::string>& pairs) {
+    return convertedPairs<std::map<std::wstring, std::wstring>>(pairs);
+}
+
+std::map<std::string, std::string> convert(const std::map<std::wstring, std::wstring>& pairs) {
+    return convertedPairs<std::map<std::string, std::string>>(pairs);
+}
+
+std::multimap<std::wstring, std::wstring> convert(
+    const std::multimap<std::string, std::string>& pairs) {
+    return convertedPairs<std::multimap<std::wstring, std::wstring>>(pairs);
+}
+
+std::multimap<std::string, std::string> convert(
+    const std::multimap<std::wstring, std::wstring>& pairs) {
+    return convertedPairs<std::multimap<std::string, std::string>>(pairs);
+}
+
+std::wstring widen(std::string_view text) {
+    std::wstring result(text.size(), L'\0');
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](char c) { return static_cast<unsigned char>(c); });
+    return result;
+}
+
+std::string pconvert(std::wstring_view text, std::wstring_view keep) {
+    std::string result;
+    result.reserve(text.size());
+    for (const wchar_t c : text) {
+        if (isPlain(c) || keep.find(c) != npos) {
+            result += NarrowCharacter(c).view();
+        } else {
+            // Unsigned: a "-" could not be read back.
+            result.append(1, '#').append(toString(static_cast<std::uint32_t>(c))).append(1, ';');
+        }
+    }
+    return result;
+}
+
+std::wstring pconvert(std::string_view text) {
+    std::wstring result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        if (text.front() == '#') {
+            takeReference(text, result);
+            continue;
+        }
+        const std::string_view plain = text.substr(0, text.find('#'));
+        result += convert(plain);
+        text.remove_prefix(plain.size());
+    }
+    return result;
+}
+
+bool encode(wchar_t c, char* buffer, unsigned short size) {
+    if (size < bytesPerCharacter) return false;
+    putBytes(c, buffer);
+    std::fill(buffer + bytesPerCharacter, buffer + size, '\0');
+    return true;
+}
+
+bool decode(wchar_t& c, const char* buffer, unsigned short size) {
+    if (size < bytesPerCharacter) return false;
+    c = getBytes(buffer);
+    return true;
+}
+
+std::string encode(std::wstring_view text, unsigned short width) {
+    if (width < bytesPerCharacter) return {};
+    std::string result(text.size() * width, '\0');
+    for (std::size_t i = 0; i < text.size(); ++i)
+        putBytes(text[i], result.data() + i * width);
+    return result;
+}
+
+std::wstring decode(std::string_view bytes, unsigned short width) {
+    if (width < bytesPerCharacter) return {};
+    std::wstring result(bytes.size() / width, L'\0');
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i] = getBytes(bytes.data() + i * width);
+    return result;
+}
+
+}  // namespace TarvikCorelib::StringTools
