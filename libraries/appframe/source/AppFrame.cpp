@@ -1,5 +1,6 @@
 #include "libraries/appframe/source/AppFrame.h"
 
+#include "libraries/corelib/source/diagnostics/DiagnosticsMessages.h"
 #include "libraries/corelib/source/process/EnvTools.h"
 #include "libraries/corelib/source/process/GlobalData.h"
 #include "libraries/corelib/source/system/SystemTools.h"
@@ -44,7 +45,7 @@ int reportFailure(const Logger& log, const std::string& text, const Failure& fai
 // The place is a fixed one: logs are searched for it.
 std::string unknownExceptionText() {
     constexpr std::uint32_t line = 831;
-    return "@unknown-exception{Unknown exception};" +
+    return std::string(messages::unknownException) +
            Logger::formatSource("libraries/appframe/source/AppFrame", line);
 }
 

@@ -1,95 +1,63 @@
 #include "libraries/corelib/source/diagnostics/Exception.h"
 
-#include <string_view>
+#include "libraries/corelib/source/diagnostics/TemplateReader.h"
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+#include <type_traits>
 #include <utility>
 
 namespace TarvikCorelib {
 
 namespace {
 
-// Takes the text out of a template, a character at a time. Programs of the suite rely on the result
-// for every text, so its odd ends are kept on purpose: a "}" comes back in front of what follows
-// it, also behind a closed tag; an escape is not forgotten at "@"; a second tag keeps its key.
-class TemplateReader {
-public:
-    std::string read(std::string_view text);
-
-private:
-    enum class State { Outside, InKey, InText };
-
-    void readOutside(char c);
-    void readInText(char c);
-    void closeBrace();
-
-    State state = State::Outside;
-    std::string pending;  // Empty, or a "}" that is held back.
-    bool escaped = false;
-    std::string result;
-};
-
-std::string TemplateReader::read(std::string_view text) {
-    for (const char c : text) {
-        switch (state) {
-        case State::Outside: readOutside(c); break;
-        case State::InKey:
-            if (c == '{') state = State::InText;
-            break;
-        case State::InText: readInText(c); break;
-        }
-    }
-    return result;
+void append(std::string& out, std::string_view text) {
+    out += text;
 }
 
-void TemplateReader::readOutside(char c) {
-    if (c == ';') return;
-    if (c == '@') {
-        state = State::InKey;
-        return;
-    }
-    result += pending;
-    result += c;
-    pending.clear();
-    state = State::InText;
+void append(std::wstring& out, std::string_view text) {
+    out += StringTools::widen(text);
 }
 
-void TemplateReader::readInText(char c) {
-    switch (c) {
-    case '\\': escaped = true; break;
-    case '}': closeBrace(); break;
-    case '@': state = State::Outside; break;
-    default:
-        if (escaped) result += '\\';
-        result += c;
-        escaped = false;
-    }
-}
-
-void TemplateReader::closeBrace() {
-    if (escaped) {
-        result += '}';
-    } else {
-        pending = "}";
-        state = State::Outside;
-    }
-    escaped = false;
+void append(std::string& out, std::wstring_view text) {
+    out += StringTools::convert(text);
 }
 
 }  // namespace
 
 Exception::Exception(std::string text) : message(std::move(text)) {}
 
+Exception::Exception(std::wstring text) : messageW(std::move(text)) {}
+
 Exception::Exception(std::string text, std::string location)
     : message(std::move(text)), locations{std::move(location)} {}
+
+Exception::Exception(std::wstring text, std::string location)
+    : messageW(std::move(text)), locations{std::move(location)} {}
 
 Exception::Exception(std::string text, ParamStream params)
     : message(std::move(text)), params(std::move(params)) {}
 
+Exception::Exception(std::wstring text, ParamStream params)
+    : messageW(std::move(text)), params(std::move(params)) {}
+
 Exception::Exception(std::string text, std::string location, ParamStream params)
     : message(std::move(text)), params(std::move(params)), locations{std::move(location)} {}
+
+Exception::Exception(std::wstring text, std::string location, ParamStream params)
+    : messageW(std::move(text)), params(std::move(params)), locations{std::move(location)} {}
 
 Exception::Exception(std::string location, const Exception& inner)
     : locations{std::move(location)} {
     contained.push_back(inner);
+}
+
+std::string Exception::getMessage() const {
+    return message.empty() ? StringTools::convert(messageW) : message;
+}
+
+std::wstring Exception::getMessageW() const {
+    return messageW.empty() ? StringTools::widen(message) : messageW;
 }
 
 std::string Exception::getLocations() const {
@@ -99,15 +67,99 @@ std::string Exception::getLocations() const {
     return all;
 }
 
+std::string Exception::getMessageWithLocation() const {
+    return getMessage() + getLocations();
+}
+
+std::wstring Exception::getMessageWWithLocation() const {
+    return getMessageW() + StringTools::widen(getLocations());
+}
+
 std::string Exception::getFullMessage(bool withName) const {
-    std::string text = withName ? name + ":" : "";
-    if (!message.empty()) {
-        if (!text.empty()) text += ' ';
-        text += params.format(TemplateReader().read(message));
-    }
-    for (const Exception& inner : contained)
-        text += "\n" + inner.getFullMessage(true);
+    std::string text;
+    appendFullMessage(text, withName);
     return text;
+}
+
+std::wstring Exception::getFullMessageW(bool withName) const {
+    std::wstring text;
+    appendFullMessage(text, withName);
+    return text;
+}
+
+void Exception::forEachLogRecord(const TakeRecord& take) const {
+    for (const Exception& inner : contained)
+        inner.forEachLogRecord(take);
+
+    if (!message.empty() || !messageW.empty()) {
+        take(name + ": " + getMessageWithLocation(), params);
+    } else if (contained.empty()) {
+        take(name + ": <NO MESSAGE>", {});
+    } else {
+        take(name + ": Container for above exceptions", {});
+    }
+}
+
+void Exception::addToMessage(std::string_view text) {
+    message.append(1, ' ').append(text);
+}
+
+void Exception::addToMessage(std::wstring_view text) {
+    messageW.append(1, L' ').append(text);
+}
+
+void Exception::addToMessage(std::string_view text, const ParamStream& values) {
+    addToMessage(text);
+    params.concatenate(values);
+}
+
+void Exception::addToMessage(std::wstring_view text, const ParamStream& values) {
+    addToMessage(text);
+    params.concatenate(values);
+}
+
+const Exception* Exception::getContained(std::string_view wanted) const {
+    const auto found = std::find_if(contained.begin(), contained.end(),
+                                    [wanted](const Exception& e) { return e.name == wanted; });
+    return found != contained.end() ? &*found : nullptr;
+}
+
+bool Exception::haveContainedException(std::string_view wanted) const {
+    return getContained(wanted) != nullptr;
+}
+
+template <>
+const std::string& Exception::messageIn<char>() const {
+    return message;
+}
+
+template <>
+const std::wstring& Exception::messageIn<wchar_t>() const {
+    return messageW;
+}
+
+template <class Char>
+void Exception::appendFullMessage(std::basic_string<Char>& out, bool withName) const {
+    using Other = std::conditional_t<std::is_same_v<Char, char>, wchar_t, char>;
+    const std::basic_string<Char>& own = messageIn<Char>();
+    if (own.empty() && !messageIn<Other>().empty()) {
+        // A message of the other width always comes with the name, on purpose.
+        std::basic_string<Other> text;
+        appendFullMessage(text, true);
+        append(out, text);
+        return;
+    }
+
+    if (withName) append(out, name + ":");
+    if (!own.empty()) {
+        if (withName) out += Char{' '};
+        ParamStream values = params;
+        out += values.format(readTemplate(own));
+    }
+    for (const Exception& inner : contained) {
+        out += Char{'\n'};
+        inner.appendFullMessage(out, true);
+    }
 }
 
 }  // namespace TarvikCorelib

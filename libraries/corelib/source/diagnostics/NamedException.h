@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -22,18 +23,26 @@ struct FixedText {
     std::array<char, Size> text{};
 };
 
+template <class Text>
+concept ExceptionText =
+    std::constructible_from<Exception, Text> && !std::derived_from<Text, Exception>;
+
 /// Each name is a type of its own, caught as such: `using Open_Failure = NamedException<FileBase,
 /// "Open_Failure">;` in `FileBase`. The owner is there so that two classes may use one name.
+///
+/// It is made as the base is: of nothing; of a text, narrow or wide, and behind it a location,
+/// values or both; or of a location and the exception that a lower layer threw.
 template <class Owner, FixedText Name>
 class NamedException : public Exception {
 public:
-    explicit NamedException(std::string text) : Exception(std::move(text)) { setName(); }
-    NamedException(std::string text, std::string location, ParamStream params)
-        : Exception(std::move(text), std::move(location), std::move(params)) {
+    NamedException() { setName(); }
+    template <ExceptionText Text>
+    explicit NamedException(Text text) : Exception(std::move(text)) {
         setName();
     }
-    NamedException(std::string location, const Exception& inner)
-        : Exception(std::move(location), inner) {
+    template <class Text, class Second, class... Third>
+    NamedException(Text text, const Second& second, const Third&... third)
+        : Exception(std::move(text), second, third...) {
         setName();
     }
 

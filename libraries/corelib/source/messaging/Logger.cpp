@@ -28,6 +28,12 @@ constexpr int noLevel = -1;
 constinit std::int32_t Logger::MainLevel = 7;
 constinit std::uint32_t Logger::Revision = 0;
 
+void Logger::log(int level, const Exception& exception) const {
+    exception.forEachLogRecord([this, level](const std::string& text, const ParamStream& params) {
+        log(level, text, params);
+    });
+}
+
 std::string Logger::mapDebugLevel(int level) {
     for (const TarvikTables::Keyword& row : levels) {
         if (row.code == level) return std::string(row.word);

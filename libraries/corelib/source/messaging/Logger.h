@@ -21,12 +21,16 @@ public:
     void setName(std::string_view value) { name = value; }
     [[nodiscard]] const std::string& getName() const { return name; }
 
-    void info(const std::string& /*text*/) const {}
-    void info(const std::string& /*text*/, const ParamStream& /*params*/) const {}
-    void info(const Exception& /*exception*/) const {}
-    void fatal(const std::string& /*text*/) const {}
-    void fatal(const std::string& /*text*/, const ParamStream& /*params*/) const {}
-    void fatal(const Exception& /*exception*/) const {}
+    void info(const std::string& text) const { log(4, text, {}); }
+    void info(const std::string& text, const ParamStream& params) const { log(4, text, params); }
+    void info(const Exception& exception) const { log(4, exception); }
+    void fatal(const std::string& text) const { log(1, text, {}); }
+    void fatal(const std::string& text, const ParamStream& params) const { log(1, text, params); }
+    void fatal(const Exception& exception) const { log(1, exception); }
+
+    void log(int /*level*/, const std::string& /*text*/, const ParamStream& /*params*/) const {}
+    /// A record for each exception that it contains, innermost causes first, and then its own.
+    void log(int level, const Exception& exception) const;
 
     /// The level's name; "undefined" for a number that is no level.
     static std::string mapDebugLevel(int level);

@@ -1,26 +1,102 @@
 #include "libraries/corelib/source/text/ParamStream.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace TarvikCorelib {
 
-ParamStream& ParamStream::operator<<(const std::string& value) {
-    values.push_back(value);
+namespace {
+
+// A backslash shields what follows it, another backslash too. So of those in front of a character,
+// the last one counts if there is an odd number of them.
+template <class Char>
+bool isShielded(std::basic_string_view<Char> text, std::size_t at) {
+    const auto other = text.substr(0, at).find_last_not_of(Char{'\\'});
+    const auto firstBackslash = other == text.npos ? 0 : other + 1;
+    return (at - firstBackslash) % 2 != 0;
+}
+
+}  // namespace
+
+ParamStream::ParamStream(const ParamStream& other)
+    : StreamBase(other), elements(other.elements), cursor(elements.begin()) {}
+
+// A list that was moved keeps its elements, but has an end of its own: the cursor starts anew.
+ParamStream::ParamStream(ParamStream&& other) noexcept {
+    *this = std::move(other);
+}
+
+ParamStream& ParamStream::operator=(const ParamStream& other) {
+    elements = other.elements;
+    cursor = elements.begin();
     return *this;
 }
 
-std::string ParamStream::format(std::string_view text) const {
-    if (values.empty()) return std::string(text);
-    std::string result;
-    auto next = values.begin();
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        if (text[index] != '%') {
-            result += text[index];
-            const bool shields = text[index] == '\\' && index + 1 < text.size();
-            if (shields) result += text[++index];
-        } else if (next != values.end()) {
-            result += *next++;
-        }
+ParamStream& ParamStream::operator=(ParamStream&& other) noexcept {
+    if (this == &other) return *this;
+    elements.swap(other.elements);
+    cursor = elements.begin();
+    other.elements.clear();
+    other.cursor = other.elements.end();
+    return *this;
+}
+
+bool ParamStream::read(ElementDef& element) {
+    if (cursor == elements.end()) return false;
+    element = *cursor++;
+    return true;
+}
+
+bool ParamStream::write(ElementDef& element) {
+    const bool isText = element.type == StringElement || element.type == WStringElement;
+    if (element.type > WCharElement || (element.value.empty() && !isText)) return false;
+    elements.push_back(element);
+    if (elements.size() == 1) cursor = elements.begin();
+    return true;
+}
+
+void ParamStream::concatenate(const ParamStream& other) {
+    std::list<ElementDef> copies(other.elements);
+    elements.splice(elements.end(), copies);
+}
+
+std::string ParamStream::getNext() {
+    return cursor == elements.end() ? std::string() : (cursor++)->getAsString();
+}
+
+std::wstring ParamStream::getNextW() {
+    return cursor == elements.end() ? std::wstring() : (cursor++)->getAsWString();
+}
+
+std::string ParamStream::format(std::string_view text) {
+    return fill(text, &ParamStream::getNext);
+}
+
+std::wstring ParamStream::format(std::wstring_view text) {
+    return fill(text, &ParamStream::getNextW);
+}
+
+ParamStream& ParamStream::put(ElementDef element) {
+    write(element);
+    return *this;
+}
+
+template <class Char>
+std::basic_string<Char> ParamStream::fill(std::basic_string_view<Char> text,
+                                          std::basic_string<Char> (ParamStream::*next)()) {
+    constexpr Char placeholder{'%'};
+    if (elements.empty()) return std::basic_string<Char>(text);
+    cursor = elements.begin();
+    std::basic_string<Char> result;
+    result.reserve(text.size());
+    std::size_t done = 0;
+    for (auto at = text.find(placeholder); at < text.size(); at = text.find(placeholder, at + 1)) {
+        if (isShielded(text, at)) continue;
+        result.append(text, done, at - done);
+        result += (this->*next)();
+        done = at + 1;
     }
-    return result;
+    return result.append(text, done);
 }
 
 }  // namespace TarvikCorelib

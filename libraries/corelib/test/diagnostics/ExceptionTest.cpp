@@ -2,10 +2,12 @@
 
 #include "libraries/corelib/source/diagnostics/NamedException.h"
 #include "libraries/corelib/source/diagnostics/SourceText.h"
+#include "libraries/corelib/source/diagnostics/ToString.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 
 namespace TarvikCorelib {
 namespace {
@@ -32,26 +34,20 @@ constexpr auto templates = std::to_array<TemplateCase>({
     {"one at the end is lost", R"(a\)", "a"},
     {"one before an at sign waits for the next but one", R"(a\@bc)", R"(ab\c)"},
     {"one in front is a character", R"(\a)", R"(\a)"},
+    {"a closed tag without more", "@a{x};;", "x"},
     {"a semicolon in front is lost", ";a;b", "a;b"},
 });
 
-TEST(ExceptionTest, EveryTextPassesThroughTheTemplateReader) {
-    for (const TemplateCase& row : templates)
-        EXPECT_EQ(Exception(row.text).getFullMessage(false), row.shown) << row.name;
+std::wstring widened(std::string_view text) {
+    return {text.begin(), text.end()};
 }
 
-constexpr auto formats = std::to_array<TemplateCase>({
-    {"values in order, a missing one gives nothing", "x=%, y=%, z=%", "x=1, y=a, z="},
-    {"a shielded one takes no value", R"(100\%, %)", R"(100\%, 1)"},
-    {"a backslash at the end", R"(%\)", R"(1\)"},
-    {"surplus values are ignored", "-", "-"},
-});
-
-TEST(ExceptionTest, ValuesFillTheFormat) {
-    const ParamStream params = ParamStream() << 1 << "a";
-    for (const TemplateCase& row : formats)
-        EXPECT_EQ(params.format(row.text), row.shown) << row.name;
-    EXPECT_EQ(ParamStream().format(R"(%\%)"), R"(%\%)");
+TEST(ExceptionTest, EveryTextPassesThroughTheTemplateReader) {
+    for (const TemplateCase& row : templates) {
+        EXPECT_EQ(Exception(row.text).getFullMessage(false), row.shown) << row.name;
+        EXPECT_EQ(Exception(widened(row.text)).getFullMessageW(false), widened(row.shown))
+            << row.name;
+    }
 }
 
 TEST(ExceptionTest, ATemplateIsReadBeforeItsValuesGoIn) {
@@ -77,9 +73,62 @@ TEST(ExceptionTest, AContainerShowsItsCausesBelowWithTheirNames) {
     const Exception outer("", middle);
     EXPECT_EQ(middle.getFullMessage(true), "Read_Failure:\nOpen_Failure: cannot open x");
     EXPECT_EQ(outer.getFullMessage(false), "\nRead_Failure:\nOpen_Failure: cannot open x");
-    EXPECT_EQ(cause.getMessage(), "@open{cannot open %};");
-    EXPECT_EQ(middle.getLocations(), " there");
+    EXPECT_EQ(middle.getFullMessageW(false), L"\nOpen_Failure: cannot open x");
     EXPECT_EQ(Exception().getFullMessage(false), "");
+}
+
+TEST(ExceptionTest, OnlyTheFirstLevelOfCausesIsSearched) {
+    const Exception outer("", Store::Read_Failure("", Store::Open_Failure("@open{no};")));
+    ASSERT_TRUE(outer.haveContainedException("Read_Failure"));
+    EXPECT_FALSE(outer.haveContainedException("Open_Failure"));
+    EXPECT_EQ(outer.getContained("Open_Failure"), nullptr);
+    EXPECT_EQ(outer.getContained("Read_Failure")->getContained("Open_Failure")->getMessage(),
+              "@open{no};");
+}
+
+TEST(ExceptionTest, AMessageOfTheOtherWidthComesWithItsName) {
+    const Exception wide(L"a\u20ac%", " here", ParamStream() << "\xe9");
+    EXPECT_EQ(wide.getFullMessage(false), "Exception: a\xac\xe9");
+    EXPECT_EQ(wide.getFullMessageW(false), L"a\u20ac\u00e9");
+    EXPECT_EQ(wide.getMessageWithLocation(), "a\xac% here");
+    EXPECT_EQ(wide.getMessageWWithLocation(), L"a\u20ac% here");
+    const Exception narrow("\xe9");
+    EXPECT_EQ(narrow.getFullMessageW(false), L"Exception: \u00e9");
+    EXPECT_EQ(narrow.getMessageW(), L"\u00e9");
+    EXPECT_EQ(Exception(" here", wide).getFullMessageW(true),
+              L"Exception:\nException: a\u20ac\u00e9");
+}
+
+TEST(ExceptionTest, WhatIsAddedStandsBehindABlankAndItsValuesBehindTheOthers) {
+    Exception exception("@a{x %};", ParamStream() << 1);
+    exception.addToMessage("y");
+    exception.addToMessage("%", ParamStream() << 2);
+    EXPECT_EQ(exception.getMessage(), "@a{x %}; y %");
+    EXPECT_EQ(exception.getFullMessage(false), "x 1} y 2");
+    exception.addToMessage(L"wide %", ParamStream() << 3);
+    EXPECT_EQ(exception.getMessageW(), L" wide %");
+    EXPECT_EQ(exception.getFullMessageW(false), L" wide 1");
+}
+
+TEST(ExceptionTest, ALogTellsTheInnermostCauseFirst) {
+    std::string told;
+    const auto take = [&told](const std::string& text, const ParamStream& params) {
+        told += ParamStream(params).format(text) + "\n";
+    };
+    const Store::Open_Failure cause(L"@open{no %};", " here", ParamStream() << "x");
+    Exception(" there", Store::Read_Failure(" middle", cause)).forEachLogRecord(take);
+    Exception("", "").forEachLogRecord(take);
+    EXPECT_EQ(told,
+              "Open_Failure: @open{no x}; here\n"
+              "Read_Failure: Container for above exceptions\n"
+              "Exception: Container for above exceptions\n"
+              "Exception: <NO MESSAGE>\n");
+}
+
+TEST(ExceptionTest, AnErrorNumberComesWithTheTextOfTheSystem) {
+    EXPECT_EQ(ToString::fromErrno(2), "errno=2: No such file or directory");
+    EXPECT_EQ(ToString::fromErrno(99999), "errno=99999: Unknown error 99999");
+    EXPECT_EQ(ToString::fromInt(std::numeric_limits<long long>::min()), "-9223372036854775808");
 }
 
 TEST(ExceptionTest, ALocationNamesTheFileAndARevisionOtherThanZero) {

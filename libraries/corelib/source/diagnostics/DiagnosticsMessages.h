@@ -1,0 +1,12 @@
+/// Templates of failures that no class owns.
+#pragma once
+
+#include <string_view>
+
+namespace TarvikCorelib::messages {
+
+inline constexpr std::string_view outOfMemory = "@out-of-memory{Out of memory};";
+/// For what was thrown under a type that nobody knows.
+inline constexpr std::string_view unknownException = "@unknown-exception{Unknown exception};";
+
+}  // namespace TarvikCorelib::messages

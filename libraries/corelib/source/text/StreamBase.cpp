@@ -1,0 +1,10 @@
+#include "libraries/corelib/source/text/StreamBase.h"
+
+namespace TarvikCorelib {
+
+StreamBase& StreamBase::put(ElementDef element) {
+    write(element);
+    return *this;
+}
+
+}  // namespace TarvikCorelib

@@ -1,0 +1,158 @@
+#include "libraries/corelib/source/text/ParamStream.h"
+
+#include "libraries/corelib/source/text/SharedString.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <tuple>
+#include <utility>
+
+namespace TarvikCorelib {
+namespace {
+
+using ElementDef = ParamStream::ElementDef;
+
+std::wstring widened(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+struct FormatCase {
+    const char* name;
+    const char* text;
+    const char* shown;
+};
+
+constexpr auto formats = std::to_array<FormatCase>({
+    {"values in order, a missing one gives nothing", "x=%, y=%, z=%", "x=1, y=a, z="},
+    {"one beside the other", "%%", "1a"},
+    {"a shielded one takes no value", R"(100\%, %)", R"(100\%, 1)"},
+    {"a shielded backslash shields nothing", R"(\\%\\\%)", R"(\\1\\\%)"},
+    {"a backslash behind a value", R"(%\%%\)", R"(1\%a\)"},
+    {"values left over are ignored", "", ""},
+});
+
+TEST(ParamStreamTest, ElementsFillTheFormat) {
+    ParamStream params = ParamStream() << 1 << "a";
+    for (const FormatCase& row : formats) {
+        EXPECT_EQ(params.format(row.text), row.shown) << row.name;
+        EXPECT_EQ(params.format(widened(row.text)), widened(row.shown)) << row.name;
+    }
+    EXPECT_EQ(ParamStream().format(R"(%\%)"), R"(%\%)");
+    EXPECT_EQ((ParamStream() << "" << 2).format("<%%>"), "<2>");
+}
+
+struct ElementCase {
+    const char* name;
+    ElementDef element;
+    int type;
+    std::string stored;
+    std::string shown;
+    std::wstring shownW;
+};
+
+const auto elements = std::to_array<ElementCase>({
+    {"flag", ElementDef(true), 0, "1", "true", L"true"},
+    {"no flag", ElementDef(false), 0, "0", "false", L"false"},
+    {"int", ElementDef(-5), 3, "-5", "-5", L"-5"},
+    {"long", ElementDef(-5000000000LL), 5, "-5000000000", "-5000000000", L"-5000000000"},
+    {"double", ElementDef(-0.5), 7, "-0.5", "-0.5", L"-0.5"},
+    {"char beyond 7 bits", ElementDef('\xe9'), 12, "-23", "\xe9", L"\u00e9"},
+    {"wide char", ElementDef(L'\u20ac'), 13, "8364", "\xac", L"\u20ac"},
+    {"text", ElementDef("a\n\\\xe9"), 9, "a\\n\\\\\xe9", "a\n\\\xe9", L"a\n\\\u00e9"},
+    {"wide", ElementDef(L"\n"), 10, std::string("\\\0\0\0n\0\0\0", 8), "\n", L"\n"},
+    {"shared", ElementDef(SharedString(std::string("\n"))), 9, "\\n", "\n", L"\n"},
+    {"shared wide", ElementDef(SharedString(std::wstring(L"a"))), 10, {"a\0\0\0", 4}, "a", L"a"},
+    {"null pointer", ElementDef(static_cast<const char*>(nullptr)), 9, "", "", L""},
+    {"undefined", ElementDef(), 14, "", "", L""},
+});
+
+TEST(ParamStreamTest, AnElementIsStoredAsTextAndShownAsMeant) {
+    for (const ElementCase& row : elements) {
+        EXPECT_EQ(row.element.type, row.type) << row.name;
+        EXPECT_EQ(row.element.value, row.stored) << row.name;
+        EXPECT_EQ(row.element.getAsString(), row.shown) << row.name;
+        EXPECT_EQ(row.element.getAsWString(), row.shownW) << row.name;
+    }
+}
+
+TEST(ParamStreamTest, EachTypeIsReadAsItWasWritten) {
+    std::tuple written(true, '\xe9', L'\U0001f600', -2147483647 - 1, 4294967295U,
+                       -9223372036854775807LL - 1, 18446744073709551615ULL, -0.25,
+                       std::string("a\n\\n\0\xe9", 6), std::wstring(L"\n\\n\U0001f600"));
+    decltype(written) read;
+    ParamStream stream;
+    std::apply([&](const auto&... values) { (stream.push(values), ...); }, written);
+    std::apply([&](auto&... targets) { (stream >> ... >> targets); }, read);
+    EXPECT_EQ(read, written);
+}
+
+TEST(ParamStreamTest, AnElementOfAnotherTypeIsTakenOffAndChangesNothing) {
+    ParamStream stream = ParamStream() << 5;
+    char c = 'c';
+    int number = 7;
+    stream >> c >> number;
+    EXPECT_EQ(c, 'c');
+    EXPECT_EQ(number, 7);
+}
+
+TEST(ParamStreamTest, ASharedStringTakesANarrowTextAsItIsStored) {
+    SharedString narrow;
+    SharedString wide;
+    ParamStream() << "a\n" << L"a\n" >> narrow >> wide;
+    EXPECT_EQ(narrow.get(), "a\\n");
+    EXPECT_EQ(wide.getW(), L"a\n");
+}
+
+TEST(ParamStreamTest, BytesThatMakeNoWholeWideCharacterAreDropped) {
+    ElementDef element(L"a");
+    element.value += "b";
+    EXPECT_EQ(element.getAsWString(), L"a");
+}
+
+TEST(ParamStreamTest, OnlyTextsMayBeEmpty) {
+    ParamStream stream;
+    for (const int type : {0, 3, 7, 13, 14, 15, 9, 10}) {
+        ElementDef element;
+        element.type = static_cast<ParamStream::ElementType>(type);
+        EXPECT_EQ(stream.write(element), type == 9 || type == 10) << type;
+        element.value = "1";
+        EXPECT_EQ(stream.write(element), type < 14) << type;
+    }
+}
+
+TEST(ParamStreamTest, ACursorAtTheEndStaysThere) {
+    ParamStream stream = ParamStream() << 1;
+    EXPECT_EQ(stream.getNext() + stream.getNext(), "1");
+    stream << 2;
+    EXPECT_EQ(stream.getNext(), "");
+    ParamStream collected;
+    collected.concatenate(stream);
+    collected.concatenate(collected);
+    EXPECT_EQ(collected.getNextW(), L"");
+    EXPECT_EQ(collected.format("%%%%%"), "1212");
+}
+
+TEST(ParamStreamTest, CopiesAndMovedStreamsAreReadFromTheirFirstElementOn) {
+    ParamStream stream = ParamStream() << 1 << 2;
+    EXPECT_EQ(stream.getNext(), "1");
+    ParamStream copy(stream);
+    EXPECT_EQ(copy.getNext(), "1");
+    ParamStream moved(std::move(stream));
+    EXPECT_EQ(moved.getNext(), "1");
+    stream = std::move(moved);
+    EXPECT_EQ(stream.getNext(), "1");
+    EXPECT_EQ((moved << 4).getNext(), "4");  // NOLINT: it is empty and can be used, as promised.
+}
+
+TEST(ParamStreamTest, OnlyTheExactNameGivesItsType) {
+    EXPECT_EQ(ParamStream::mapElementType("uint64"), ParamStream::UInt64Element);
+    EXPECT_EQ(ParamStream::mapElementType(L"wchar"), ParamStream::WCharElement);
+    for (const char* const name : {"nonsense", "BOOL", "int", ""})
+        EXPECT_EQ(ParamStream::mapElementType(name), ParamStream::UndefinedElement) << name;
+    EXPECT_EQ(ParamStream::mapElementTypeW(ParamStream::TimeElement), L"time");
+    EXPECT_EQ(ParamStream::mapElementType(ParamStream::UndefinedElement), "");
+}
+
+}  // namespace
+}  // namespace TarvikCorelib
