@@ -1,63 +1,176 @@
 #include "libraries/corelib/source/text/StringSearchers.h"
 
+#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/StringIterator.h"
 #include "libraries/corelib/source/text/StringTools.h"
 
 #include <algorithm>
-#include <string_view>
+#include <optional>
 #include <utility>
 
 namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// The place of the next line feed in the stretch, or the end of the stretch.
-std::size_t lineEnd(std::string_view text, std::size_t pos, std::size_t end) {
-    return std::min(text.substr(0, end).find('\n', pos), end);
+template <class Char>
+using View = std::basic_string_view<Char>;
+
+// The rules are given the stretch alone and count from its beginning. In an empty one none of them
+// finds anything.
+struct Cut {
+    std::size_t start;
+    std::size_t length;
+};
+
+// Empty if `pos` is past the last character.
+template <class Char>
+View<Char> stretch(View<Char> text, std::size_t pos, std::size_t count) {
+    if (!StringSearcher::validateParameters(text, pos, count)) return {};
+    return text.substr(pos, count);
+}
+
+bool give(const std::optional<Cut>& cut, std::size_t pos, std::size_t& start, std::size_t& length) {
+    if (!cut) return false;
+    start = pos + cut->start;
+    length = cut->length;
+    return true;
+}
+
+bool clampCount(std::size_t size, std::size_t pos, std::size_t& count) {
+    if (pos >= size) return false;
+    count = std::min(count, size - pos);
+    return true;
+}
+
+template <class Char>
+std::optional<Cut> findAnyOf(View<Char> text, View<Char> set) {
+    const auto found = text.find_first_of(set);
+    if (found == npos) return std::nullopt;
+    return Cut{found, 1};
+}
+
+template <class Char>
+std::optional<Cut> findAnyUnquoted(View<Char> text, View<Char> set) {
+    BasicStringIterator<Char> at;
+    while (at.next(text)) {
+        if (!at.isQuoted() && set.find(at.current()) != npos) return Cut{at.index(), 1};
+    }
+    return std::nullopt;
+}
+
+template <class Char>
+std::optional<Cut> findMatch(View<Char> text, View<Char> pattern) {
+    const auto match = findGlob(text, pattern, 0, npos);
+    if (!match) return std::nullopt;
+    return Cut{match->first, match->second};
+}
+
+template <class Char>
+struct LineRule {
+    std::size_t lineSize;
+    View<Char> breakSet;
+    View<Char> blanks;
+};
+
+// Goes back from `start` to a place that may be cut. A line without one is cut hard.
+template <class Char>
+Cut breakLine(View<Char> text, std::size_t start, const LineRule<Char>& rule) {
+    const auto found = text.find_last_of(rule.breakSet, start);
+    if (found == npos || found == 0) return {start, 0};
+    if (rule.blanks.find(text[found]) != npos) return {found, 1};
+    return {found + 1, 0};
+}
+
+template <class Char>
+std::optional<Cut> findLineEnd(View<Char> text, const LineRule<Char>& rule) {
+    const std::size_t window = std::min(text.size(), rule.lineSize);
+    if (window == 0) return std::nullopt;
+    if (text.front() == '\n') return Cut{1, 0};
+
+    const std::size_t start = std::min(text.substr(0, window).find(Char{'\n'}), window);
+    if (window == text.size() || text[window] == '\n') return Cut{start, 1};
+    return breakLine(text, start, rule);
 }
 
 }  // namespace
 
-bool StringSearcher::validateParameters(const std::string& text, std::size_t pos,
+bool StringSearcher::validateParameters(std::string_view text, std::size_t pos,
                                         std::size_t& count) {
-    if (pos >= text.size()) return false;
-    count = std::min(count, text.size() - pos);
-    return true;
+    return clampCount(text.size(), pos, count);
 }
 
-LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string breakSet)
-    : lineSize(lineSize), breakSet(std::move(breakSet)) {}
+bool StringSearcher::validateParameters(std::wstring_view text, std::size_t pos,
+                                        std::size_t& count) {
+    return clampCount(text.size(), pos, count);
+}
+
+CharSearcher::CharSearcher(const std::string& set) : CharSearcher(set, widen(set)) {}
+
+CharSearcher::CharSearcher(std::string set, std::wstring setW)
+    : set(std::move(set)), setW(std::move(setW)) {}
+
+bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                              std::size_t pos, std::size_t count) const {
+    const auto cut = findAnyOf<char>(stretch<char>(text, pos, count), set);
+    return give(cut, pos, start, length);
+}
+
+bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                              std::size_t pos, std::size_t count) const {
+    const auto cut = findAnyOf<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
+    return give(cut, pos, start, length);
+}
+
+bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
+                                      const std::string& text, std::size_t pos,
+                                      std::size_t count) const {
+    const auto cut = findAnyUnquoted<char>(stretch<char>(text, pos, count), set);
+    return give(cut, pos, start, length);
+}
+
+bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
+                                      const std::wstring& text, std::size_t pos,
+                                      std::size_t count) const {
+    const auto cut = findAnyUnquoted<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
+    return give(cut, pos, start, length);
+}
+
+GlobSearcher::GlobSearcher(const std::string& pattern) : GlobSearcher(pattern, widen(pattern)) {}
+
+GlobSearcher::GlobSearcher(std::string pattern, std::wstring patternW)
+    : pattern(std::move(pattern)), patternW(std::move(patternW)) {}
+
+bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                              std::size_t pos, std::size_t count) const {
+    const auto cut = findMatch<char>(stretch<char>(text, pos, count), pattern);
+    return give(cut, pos, start, length);
+}
+
+bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                              std::size_t pos, std::size_t count) const {
+    const auto cut = findMatch<wchar_t>(stretch<wchar_t>(text, pos, count), patternW);
+    return give(cut, pos, start, length);
+}
+
+LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, const std::string& breakSet)
+    : LineSizeSearcher(lineSize, breakSet, widen(breakSet)) {}
+
+LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string breakSet,
+                                   std::wstring breakSetW)
+    : lineSize(lineSize), breakSet(std::move(breakSet)), breakSetW(std::move(breakSetW)) {}
 
 bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                                   std::size_t pos, std::size_t count) const {
-    if (!validateParameters(text, pos, count)) return false;
-    const std::size_t window = std::min<std::size_t>(count, lineSize);
-    if (window == 0) return false;
-
-    if (text[pos] == '\n') {
-        start = pos + 1;
-        length = 0;
-    } else if (window == count) {
-        start = lineEnd(text, pos, pos + count);
-        length = 1;
-    } else {
-        start = lineEnd(text, pos, pos + window);
-        length = 1;
-        if (text[pos + window] != '\n') breakLine(start, length, text, pos);
-    }
-    return true;
+    const auto cut =
+        findLineEnd<char>(stretch<char>(text, pos, count), {lineSize, breakSet, whitespace()});
+    return give(cut, pos, start, length);
 }
 
-// Goes back from the window's end, or from the line feed before it, to a place that may be cut. A
-// line without one is cut hard.
-void LineSizeSearcher::breakLine(std::size_t& start, std::size_t& length, const std::string& text,
-                                 std::size_t pos) const {
-    length = 0;
-    const std::size_t found =
-        std::string_view(text).substr(pos, start - pos + 1).find_last_of(breakSet);
-    if (found == std::string_view::npos || found == 0) return;
-    const bool isBlank = whitespace().find(text[pos + found]) != std::string::npos;
-    start = pos + found + (isBlank ? 0 : 1);
-    length = isBlank ? 1 : 0;
+bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                                  std::size_t pos, std::size_t count) const {
+    const auto cut = findLineEnd<wchar_t>(stretch<wchar_t>(text, pos, count),
+                                          {lineSize, breakSetW, whitespaceW()});
+    return give(cut, pos, start, length);
 }
 
 }  // namespace TarvikCorelib::StringTools

@@ -4,22 +4,73 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace TarvikCorelib::StringTools {
 
-/// One rule of cutting.
+/// One rule of cutting, for narrow and for wide texts.
 class StringSearcher {
 public:
-    virtual ~StringSearcher() = default;
-
     /// Looks at `count` characters of `text` from `pos` on, all ones meaning all that are left.
-    /// True if there is a cut: it lies at `start` and consumes `length` characters.
+    /// True if there is a cut: it lies at `start` and consumes `length` characters. Otherwise both
+    /// stay as they were. Their order, and that they come first, is settled.
     virtual bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
                             std::size_t pos, std::size_t count) const = 0;
+    virtual bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                            std::size_t pos, std::size_t count) const = 0;
+
+    virtual ~StringSearcher() = default;
+
+    /// False if `pos` is past the last character. Otherwise cuts `count` to what is left.
+    static bool validateParameters(std::string_view text, std::size_t pos, std::size_t& count);
+    static bool validateParameters(std::wstring_view text, std::size_t pos, std::size_t& count);
+};
+
+// All searchers below are made from narrow characters, which stand for the wide ones of the same
+// number too, or from both kinds.
+
+/// Finds the first character of a set. An empty set finds nothing.
+class CharSearcher : public StringSearcher {
+public:
+    explicit CharSearcher(const std::string& set);
+    CharSearcher(std::string set, std::wstring setW);
+
+    bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                    std::size_t pos, std::size_t count) const override;
+    bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                    std::size_t pos, std::size_t count) const override;
 
 protected:
-    /// False if `pos` is past the last character. Otherwise cuts `count` to what is left.
-    static bool validateParameters(const std::string& text, std::size_t pos, std::size_t& count);
+    std::string set;
+    std::wstring setW;
+};
+
+/// The same outside quotes, as `StringIterator` reads them. The text up to `pos` counts for
+/// nothing.
+class CharSearcherUnquoted : public CharSearcher {
+public:
+    using CharSearcher::CharSearcher;
+
+    bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                    std::size_t pos, std::size_t count) const override;
+    bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                    std::size_t pos, std::size_t count) const override;
+};
+
+/// Finds the first match of a glob, all of which is consumed. An empty glob finds nothing.
+class GlobSearcher : public StringSearcher {
+public:
+    explicit GlobSearcher(const std::string& pattern);
+    GlobSearcher(std::string pattern, std::wstring patternW);
+
+    bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                    std::size_t pos, std::size_t count) const override;
+    bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                    std::size_t pos, std::size_t count) const override;
+
+private:
+    std::string pattern;
+    std::wstring patternW;
 };
 
 /// Wraps a text at a width: finds the end of the line that begins at `pos`.
@@ -28,17 +79,18 @@ public:
     /// A line has at most `lineSize` characters and ends at a line feed, at white space, which is
     /// consumed, or behind another character of `breakSet`. One of these right behind a full line
     /// still goes with it, on purpose. A size of 0 finds nothing.
-    LineSizeSearcher(std::uint32_t lineSize, std::string breakSet);
+    LineSizeSearcher(std::uint32_t lineSize, const std::string& breakSet);
+    LineSizeSearcher(std::uint32_t lineSize, std::string breakSet, std::wstring breakSetW);
 
     bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
                     std::size_t pos, std::size_t count) const override;
+    bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                    std::size_t pos, std::size_t count) const override;
 
 private:
-    void breakLine(std::size_t& start, std::size_t& length, const std::string& text,
-                   std::size_t pos) const;
-
     std::uint32_t lineSize;
     std::string breakSet;
+    std::wstring breakSetW;
 };
 
 }  // namespace TarvikCorelib::StringTools

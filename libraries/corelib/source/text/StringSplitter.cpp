@@ -2,170 +2,227 @@
 
 #include "libraries/corelib/source/text/StringTools.h"
 
-#include <algorithm>
-#include <string_view>
-
 namespace TarvikCorelib {
 
 namespace {
 
-// Scans a text item by item.
-class SplitData {
-public:
-    SplitData(std::string_view text, char delimiter, int flags)
-        : text(text), delimiter(delimiter), flags(flags) {}
+using StringTools::npos;
 
-    // Moves to the next item. False at the end.
-    bool advance();
-    // The item takes in all that is left, untrimmed at its end, and is the last one.
-    void widenToEnd() { nextStart = itemEnd = text.size(); }
-    [[nodiscard]] std::string_view item() const {
-        return text.substr(itemStart, itemEnd - itemStart);
-    }
+template <class Char>
+using View = std::basic_string_view<Char>;
 
-private:
-    [[nodiscard]] std::size_t findEnd(std::size_t pos) const;
-    void trimItem();
-
-    std::string_view text;
-    char delimiter;
-    int flags;
-    std::size_t nextStart = 0;
-    std::size_t itemStart = 0;
-    std::size_t itemEnd = 0;
-};
-
-bool SplitData::advance() {
-    if (nextStart >= text.size()) return false;
-    itemStart = nextStart;
-    itemEnd = findEnd(itemStart);
-    nextStart = itemEnd + 1;
-    if ((flags & StringSplitter::SplitTrim) != 0) trimItem();
-    return true;
+// `find` and `rfind` find an empty text everywhere.
+template <class Char>
+std::size_t findFirst(View<Char> text, View<Char> delimiter) {
+    return delimiter.empty() ? npos : text.find(delimiter);
 }
 
-std::size_t SplitData::findEnd(std::size_t pos) const {
-    return std::min(text.find(delimiter, pos), text.size());
+template <class Char>
+std::size_t findLast(View<Char> text, View<Char> delimiter) {
+    return delimiter.empty() ? npos : text.rfind(delimiter);
 }
 
-void SplitData::trimItem() {
-    const std::string& blanks = StringTools::whitespace();
-    const std::string_view current = item();
-    const auto first = current.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
-        itemStart = itemEnd;
-        return;
-    }
-    itemEnd = itemStart + current.find_last_not_of(blanks) + 1;
-    itemStart += first;
+// In all four below the delimiter lies at `found`, or there is none.
+
+template <class Char>
+std::basic_string<Char> takeLeft(std::basic_string<Char>& text, std::size_t found,
+                                 std::size_t length) {
+    std::basic_string<Char> head = text.substr(0, found);
+    text.erase(0, found == npos ? npos : found + length);
+    return head;
 }
 
-// Reads one command line, a character a call of `take`.
-class ArgumentReader {
-public:
-    explicit ArgumentReader(bool decode) : decode(decode) {}
-
-    void take(char c);
-    std::vector<std::string> finish();
-
-private:
-    void takeOutsideQuotes(char c);
-    void takeInsideQuotes(char c);
-    void takeEscaped(char c);
-    void endToken();
-
-    bool decode;
-    char quote = 0;
-    bool escaped = false;
-    std::string token;
-    std::vector<std::string> arguments;
-};
-
-void ArgumentReader::take(char c) {
-    if (quote == 0) {
-        takeOutsideQuotes(c);
-    } else if (escaped) {
-        escaped = false;
-        takeEscaped(c);
-    } else {
-        takeInsideQuotes(c);
-    }
+// `substr` throws if there is no delimiter.
+template <class Char>
+std::basic_string<Char> behind(const std::basic_string<Char>& text, std::size_t found,
+                               std::size_t length) {
+    return text.substr(found == npos ? npos : found + length);
 }
 
-// Only spaces separate: a tab is a character like any other. On purpose.
-void ArgumentReader::takeOutsideQuotes(char c) {
-    if (c == ' ') {
-        if (!token.empty()) endToken();
-        return;
-    }
-    if (c == '"' || c == '\'') quote = c;
-    token += c;
+template <class Char>
+std::basic_string<Char> takeRight(std::basic_string<Char>& text, std::size_t found,
+                                  std::size_t length) {
+    std::basic_string<Char> tail = behind(text, found, length);
+    text.resize(found);
+    return tail;
 }
 
-void ArgumentReader::takeInsideQuotes(char c) {
-    escaped = c == '\\';
-    if (c == quote) quote = 0;
-    if (!escaped || !decode) token += c;
+template <class Char>
+using Halves = std::pair<std::basic_string<Char>, std::basic_string<Char>>;
+
+template <class Char>
+Halves<Char> leftHalves(const std::basic_string<Char>& text, std::size_t found,
+                        std::size_t length) {
+    if (found == npos) return {text, std::basic_string<Char>(1, ' ')};
+    return {text.substr(0, found), text.substr(found + length)};
 }
 
-// An escaped 0 gives nothing at all. On purpose.
-void ArgumentReader::takeEscaped(char c) {
-    constexpr std::string_view codes = "\"'abfnrtv";
-    constexpr std::string_view characters = "\"'\a\b\f\n\r\t\v";
-    if (!decode) {
-        token += c;
-        return;
-    }
-    if (c == '0') return;
-    const auto index = codes.find(c);
-    if (index == std::string_view::npos) {
-        token.append({'\\', c});
-    } else {
-        token += characters[index];
-    }
+template <class Char>
+Halves<Char> rightHalves(const std::basic_string<Char>& text, std::size_t found,
+                         std::size_t length) {
+    return {text.substr(0, found), behind(text, found, length)};
 }
 
-// A token that begins with a double quote loses its last character whatever it is. On purpose.
-void ArgumentReader::endToken() {
-    const bool isQuoted = token.front() == '"' || (token.front() == '\'' && token.back() == '\'');
-    if (isQuoted && token.size() > 1) token = token.substr(1, token.size() - 2);
-    arguments.push_back(token);
-    token.clear();
-}
+template <class Container, class Char>
+Container splitItems(BasicSplitData<Char> data) {
+    Container items;
+    const auto add = [&items](View<Char> item) {
+        items.insert(items.end(), std::basic_string<Char>(item));
+    };
+    if (data.getLimit() == 0 && !data.getText().empty()) add(data.getText());
 
-// A token whose quote is still open loses a last character that equals it, and no more.
-std::vector<std::string> ArgumentReader::finish() {
-    if (quote != 0) {
-        if (token.back() == quote) token.pop_back();
-        arguments.push_back(token);
-    } else if (!token.empty()) {
-        endToken();
-    }
-    return arguments;
-}
-
-}  // namespace
-
-std::list<std::string> StringSplitter::toList(const std::string& text, char delimiter, int flags,
-                                              std::size_t limit) {
-    if (text.empty()) return {};
-    if (limit == 0) return {text};  // One untrimmed item, on purpose.
-    std::list<std::string> items;
-    SplitData data(text, delimiter, flags);
-    while (items.size() < limit && data.advance()) {
-        if ((flags & SplitSkipEmpty) != 0 && data.item().empty()) continue;
-        if (items.size() + 1 == limit) data.widenToEnd();
-        items.emplace_back(data.item());
+    std::size_t count = 0;
+    while (count < data.getLimit() && data.advance()) {
+        if (data.has(SplitTerms::SplitSkipEmpty) && data.item().empty()) continue;
+        if (++count == data.getLimit()) data.widenToEnd();
+        add(data.item());
     }
     return items;
 }
 
-std::vector<std::string> StringSplitter::splitArgString(const std::string& text, bool decode) {
-    ArgumentReader reader(decode);
-    // A line feed ends the command line, even between quotes. On purpose.
-    for (const char c : std::string_view(text).substr(0, text.find('\n')))
-        reader.take(c);
-    return reader.finish();
+template <class Pairs, class Char>
+Pairs splitPairs(BasicSplitData<Char> data) {
+    Pairs pairs;
+    while (data.advance()) {
+        const auto [key, value] = data.keyAndValue();
+        if (data.has(SplitTerms::SplitSkipEmpty) && key.empty()) continue;
+        if (data.has(SplitTerms::SplitSkipEmptyValue) && value.empty()) continue;
+        pairs.emplace(key, value);
+    }
+    return pairs;
 }
+
+template <class Pairs, class Key>
+std::set<Key> missingKeys(const Pairs& pairs, const std::list<Key>& required) {
+    std::set<Key> missing;
+    for (const Key& key : required) {
+        if (!pairs.contains(key)) missing.insert(key);
+    }
+    return missing;
+}
+
+template <class Char>
+std::list<std::basic_string<Char>> requiredKeys(View<Char> required) {
+    constexpr int flags =
+        SplitTerms::SplitTrim | SplitTerms::SplitSkipEmpty | SplitTerms::SplitQuoted;
+    return BasicStringSplitter<Char>::toList(required, Char{','}, flags);
+}
+
+}  // namespace
+
+template <class Char>
+auto BasicStringSplitter<Char>::left(Text& text, Char delimiter) -> Text {
+    return takeLeft(text, text.find(delimiter), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::left(Text& text, View delimiter) -> Text {
+    return takeLeft(text, findFirst<Char>(text, delimiter), delimiter.size());
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::leftFirstOf(Text& text, View set) -> Text {
+    return takeLeft(text, text.find_first_of(set), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::right(Text& text, Char delimiter) -> Text {
+    return takeRight(text, text.rfind(delimiter), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::right(Text& text, View delimiter) -> Text {
+    return takeRight(text, findLast<Char>(text, delimiter), delimiter.size());
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::rightFirstOf(Text& text, View set) -> Text {
+    return takeRight(text, text.find_last_of(set), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tLeft(const Text& text, Char delimiter) -> std::pair<Text, Text> {
+    return leftHalves(text, text.find(delimiter), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tLeft(const Text& text, View delimiter) -> std::pair<Text, Text> {
+    return leftHalves(text, findFirst<Char>(text, delimiter), delimiter.size());
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tLeftFirstOf(const Text& text, View set) -> std::pair<Text, Text> {
+    return leftHalves(text, text.find_first_of(set), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tRight(const Text& text, Char delimiter) -> std::pair<Text, Text> {
+    return rightHalves(text, text.rfind(delimiter), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tRight(const Text& text, View delimiter) -> std::pair<Text, Text> {
+    return rightHalves(text, findLast<Char>(text, delimiter), delimiter.size());
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::tRightFirstOf(const Text& text, View set) -> std::pair<Text, Text> {
+    return rightHalves(text, text.find_last_of(set), 1);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const Map& map, const std::list<Text>& required)
+    -> std::set<Text> {
+    return missingKeys(map, required);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const Map& map, View required) -> std::set<Text> {
+    return missingKeys(map, requiredKeys(required));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const MultiMap& map, const std::list<Text>& required)
+    -> std::set<Text> {
+    return missingKeys(map, required);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const MultiMap& map, View required) -> std::set<Text> {
+    return missingKeys(map, requiredKeys(required));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitList(Data data) -> std::list<Text> {
+    return splitItems<std::list<Text>>(std::move(data));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitVector(Data data) -> std::vector<Text> {
+    return splitItems<std::vector<Text>>(std::move(data));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitSet(Data data) -> std::set<Text> {
+    return splitItems<std::set<Text>>(std::move(data));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitMultiSet(Data data) -> std::multiset<Text> {
+    return splitItems<std::multiset<Text>>(std::move(data));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitMap(Data data) -> Map {
+    return splitPairs<Map>(std::move(data));
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::internalSplitMultiMap(Data data) -> MultiMap {
+    return splitPairs<MultiMap>(std::move(data));
+}
+
+template class BasicStringSplitter<char>;
+template class BasicStringSplitter<wchar_t>;
 
 }  // namespace TarvikCorelib

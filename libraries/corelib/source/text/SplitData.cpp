@@ -1,0 +1,178 @@
+#include "libraries/corelib/source/text/SplitData.h"
+
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <algorithm>
+#include <array>
+#include <type_traits>
+
+namespace TarvikCorelib {
+
+namespace {
+
+template <class Char>
+std::basic_string_view<Char> blanks() {
+    if constexpr (std::is_same_v<Char, wchar_t>) {
+        return StringTools::whitespaceW();
+    } else {
+        return StringTools::whitespace();
+    }
+}
+
+template <class Char>
+bool isBlank(Char c) {
+    return blanks<Char>().find(c) != StringTools::npos;
+}
+
+template <class Char>
+bool startsWith(std::basic_string_view<Char> text, SplitTerms::SplitType type,
+                std::basic_string_view<Char> delimiter) {
+    if (type == SplitTerms::SplitFirstOf) return delimiter.find(text.front()) != StringTools::npos;
+    return !delimiter.empty() && text.starts_with(delimiter);
+}
+
+// Quotes as `findEndEscaping` reads them.
+template <class Char>
+class QuoteState {
+public:
+    [[nodiscard]] bool isOpen() const { return quote != 0; }
+
+    void take(Char c) {
+        const bool isQuote = (c == '\'' || c == '"') && !escaped;
+        if (isQuote) quote = quote == c ? Char{0} : c;
+        escaped = c == '\\' && !escaped;
+    }
+
+private:
+    Char quote = 0;
+    bool escaped = false;
+};
+
+}  // namespace
+
+template <class Char>
+BasicSplitData<Char>::BasicSplitData(View text, SplitType type, Char delimiter, int flags,
+                                     std::size_t limit)
+    : BasicSplitData(text, type, View(&delimiter, 1), flags, limit) {}
+
+template <class Char>
+BasicSplitData<Char>::BasicSplitData(View text, SplitType type, View delimiter, int flags,
+                                     std::size_t limit)
+    : text(text), type(type), delimiter(delimiter), flags(flags), limit(limit) {}
+
+template <class Char>
+BasicSplitData<Char>::BasicSplitData(View text, SplitType type, Char delimiter,
+                                     Char keyValueDelimiter, int flags)
+    : BasicSplitData(text, type, View(&delimiter, 1), View(&keyValueDelimiter, 1), flags) {}
+
+template <class Char>
+BasicSplitData<Char>::BasicSplitData(View text, SplitType type, View delimiter,
+                                     View keyValueDelimiter, int flags)
+    : text(text),
+      type(type),
+      delimiter(delimiter),
+      keyValueDelimiter(keyValueDelimiter),
+      flags(flags) {}
+
+template <class Char>
+bool BasicSplitData<Char>::advance() {
+    if (nextStart >= text.size()) return false;
+    currentStart = nextStart;
+    foundAt = find(delimiter, currentStart);
+    nextStart = foundAt + lengthOf(delimiter);
+    itemStart = currentStart;
+    itemEnd = foundAt;
+    if (has(SplitTrim)) trimItem();
+    return true;
+}
+
+template <class Char>
+void BasicSplitData<Char>::widenToEnd() {
+    nextStart = text.size();
+    itemEnd = text.size();
+}
+
+template <class Char>
+auto BasicSplitData<Char>::keyAndValue() -> std::pair<View, View> {
+    std::size_t keyStart = 0;
+    std::size_t keyEnd = 0;
+    std::size_t valueStart = 0;
+    std::size_t valueEnd = 0;
+    findKV(keyStart, keyEnd, valueStart, valueEnd);
+    valueStart = std::min(valueStart, valueEnd);
+    return {text.substr(keyStart, keyEnd - keyStart),
+            text.substr(valueStart, valueEnd - valueStart)};
+}
+
+template <class Char>
+std::size_t BasicSplitData<Char>::findEndEscaping(SplitType type, View delimiter,
+                                                  std::size_t pos) const {
+    QuoteState<Char> quotes;
+    for (; pos < text.size(); ++pos) {
+        if (!quotes.isOpen() && startsWith(text.substr(pos), type, delimiter)) return pos;
+        quotes.take(text[pos]);
+    }
+    return text.size();
+}
+
+template <class Char>
+void BasicSplitData<Char>::findKV(std::size_t& keyStart, std::size_t& keyEnd,
+                                  std::size_t& valueStart, std::size_t& valueEnd) {
+    const std::size_t found = findKeyValueDelimiter();
+    keyStart = itemStart;
+    keyEnd = found < text.size() ? found : itemEnd;
+    valueStart = keyEnd + lengthOf(keyValueDelimiter);
+    valueEnd = itemEnd;
+
+    if (!has(SplitTrim)) return;
+    while (keyEnd > keyStart && isBlank(text[keyEnd - 1]))
+        --keyEnd;
+    // Backward, on purpose.
+    while (valueStart > keyStart && valueStart < valueEnd && isBlank(text[valueStart]))
+        --valueStart;
+}
+
+// The end of the text if there is none.
+template <class Char>
+std::size_t BasicSplitData<Char>::find(View wanted, std::size_t pos) const {
+    if (has(SplitQuoted)) return findEndEscaping(type, wanted, pos);
+    if (wanted.empty()) return text.size();
+    const auto found =
+        type == SplitFirstOf ? text.find_first_of(wanted, pos) : text.find(wanted, pos);
+    return std::min(found, text.size());
+}
+
+template <class Char>
+std::size_t BasicSplitData<Char>::lengthOf(View wanted) const {
+    return type == SplitFirstOf ? 1 : wanted.size();
+}
+
+// Searches anew only from behind the last one found, so that items without one cost nothing. Quotes
+// are closed between items, so this holds for them too, unless the item delimiter itself quotes.
+template <class Char>
+std::size_t BasicSplitData<Char>::findKeyValueDelimiter() {
+    constexpr std::array<Char, 3> quoting = {'\'', '"', '\\'};
+    const bool isQuoting =
+        delimiter.find_first_of(quoting.data(), 0, quoting.size()) != StringTools::npos;
+    const bool isKnown = keyValueAt != NotSearched && keyValueAt >= itemStart;
+    if (!isKnown || (isQuoting && has(SplitQuoted)))
+        keyValueAt = find(keyValueDelimiter, itemStart);
+    return keyValueAt;
+}
+
+template <class Char>
+void BasicSplitData<Char>::trimItem() {
+    const View untrimmed = item();
+    const auto first = untrimmed.find_first_not_of(blanks<Char>());
+    if (first == StringTools::npos) {
+        itemStart = itemEnd;
+        return;
+    }
+    itemEnd = itemStart + untrimmed.find_last_not_of(blanks<Char>()) + 1;
+    itemStart += first;
+}
+
+template class BasicSplitData<char>;
+template class BasicSplitData<wchar_t>;
+
+}  // namespace TarvikCorelib

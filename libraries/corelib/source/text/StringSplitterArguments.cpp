@@ -1,0 +1,101 @@
+#include "libraries/corelib/source/text/StringSplitter.h"
+
+namespace TarvikCorelib {
+
+namespace {
+
+// Reads one command line, a character a call of `take`.
+class ArgumentReader {
+public:
+    explicit ArgumentReader(bool decode) : decode(decode) {}
+
+    void take(char c);
+    std::vector<std::string> finish();
+
+private:
+    void takeOutsideQuotes(char c);
+    void takeInsideQuotes(char c);
+    void takeEscaped(char c);
+    void endToken();
+
+    bool decode;
+    char quote = 0;
+    bool escaped = false;
+    std::string token;
+    std::vector<std::string> arguments;
+};
+
+void ArgumentReader::take(char c) {
+    if (quote == 0) {
+        takeOutsideQuotes(c);
+    } else if (escaped) {
+        escaped = false;
+        takeEscaped(c);
+    } else {
+        takeInsideQuotes(c);
+    }
+}
+
+// Only spaces separate: a tab is a character like any other. On purpose.
+void ArgumentReader::takeOutsideQuotes(char c) {
+    if (c == ' ') {
+        if (!token.empty()) endToken();
+        return;
+    }
+    if (c == '"' || c == '\'') quote = c;
+    token += c;
+}
+
+void ArgumentReader::takeInsideQuotes(char c) {
+    escaped = c == '\\';
+    if (c == quote) quote = 0;
+    if (!escaped || !decode) token += c;
+}
+
+// An escaped 0 gives nothing at all. On purpose.
+void ArgumentReader::takeEscaped(char c) {
+    constexpr std::string_view codes = "\"'abfnrtv";
+    constexpr std::string_view characters = "\"'\a\b\f\n\r\t\v";
+    if (!decode) {
+        token += c;
+        return;
+    }
+    if (c == '0') return;
+    const auto index = codes.find(c);
+    if (index == std::string_view::npos) {
+        token.append({'\\', c});
+    } else {
+        token += characters[index];
+    }
+}
+
+// A token that begins with a double quote loses its last character whatever it is. On purpose.
+void ArgumentReader::endToken() {
+    const bool isQuoted = token.front() == '"' || (token.front() == '\'' && token.back() == '\'');
+    if (isQuoted && token.size() > 1) token = token.substr(1, token.size() - 2);
+    arguments.push_back(token);
+    token.clear();
+}
+
+// A token whose quote is still open loses a last character that equals it, and no more.
+std::vector<std::string> ArgumentReader::finish() {
+    if (quote != 0) {
+        if (token.back() == quote) token.pop_back();
+        arguments.push_back(token);
+    } else if (!token.empty()) {
+        endToken();
+    }
+    return arguments;
+}
+
+}  // namespace
+
+std::vector<std::string> StringSplitter::splitArgString(std::string_view text, bool decode) {
+    ArgumentReader reader(decode);
+    // A line feed ends the command line, even between quotes. On purpose.
+    for (const char c : text.substr(0, text.find('\n')))
+        reader.take(c);
+    return reader.finish();
+}
+
+}  // namespace TarvikCorelib

@@ -1,0 +1,145 @@
+#include "libraries/corelib/source/text/StringSearchers.h"
+
+#include "libraries/corelib/source/text/StringIterator.h"
+#include "libraries/corelib/source/text/StringTools.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace TarvikCorelib::StringTools {
+namespace {
+
+// Without a cut `start` and `length` are all ones.
+struct CutCase {
+    const char* name;
+    std::string text;
+    std::size_t start = npos;
+    std::size_t length = npos;
+    std::size_t pos = 0;
+    std::size_t count = npos;
+};
+
+template <class Text>
+void expectCut(const StringSearcher& searcher, const Text& text, const CutCase& row) {
+    std::size_t start = npos;
+    std::size_t length = npos;
+    EXPECT_EQ(searcher(start, length, text, row.pos, row.count), row.start != npos) << row.name;
+    EXPECT_EQ(start, row.start) << row.name;
+    EXPECT_EQ(length, row.length) << row.name;
+}
+
+void expectCuts(const StringSearcher& searcher, const std::vector<CutCase>& rows) {
+    for (const CutCase& row : rows) {
+        expectCut(searcher, row.text, row);
+        expectCut(searcher, widen(row.text), row);
+    }
+}
+
+TEST(StringSearchersTest, TheFirstCharacterOfTheSetIsFound) {
+    expectCuts(CharSearcher(",;"), {{"either of two", "a;b,", 1, 1},
+                                    {"from the position on", ",a;", 2, 1, 1},
+                                    {"not behind the stretch", "ab;c", npos, npos, 0, 2},
+                                    {"the last of a stretch", "ab;c", 2, 1, 0, 3},
+                                    {"not past the end", ";", npos, npos, 1}});
+    expectCuts(CharSearcher(""), {{"an empty set", "a"}});
+}
+
+TEST(StringSearchersTest, QuotesHideACharacter) {
+    expectCuts(CharSearcherUnquoted(",\""),
+               {{"until both kinds close", R"('",' ",)", 5, 1},
+                {"but not those before the position", R"("a,)", 2, 1, 1},
+                {"nor does a backslash", R"('a'\,)", 4, 1},
+                {"an escaped one hides nothing", R"(\',)", 2, 1}});
+}
+
+TEST(StringSearchersTest, AMatchOfAGlobIsConsumed) {
+    expectCuts(GlobSearcher("a?c*d"), {{"the shortest", "xabc-dd", 1, 5},
+                                       {"none", "abd"},
+                                       {"none that fits", "abcd", npos, npos, 0, 3},
+                                       {"nothing to look at", "abcd", npos, npos, 0, 0},
+                                       {"past the end", "abcd", npos, npos, 4}});
+    expectCuts(GlobSearcher(""), {{"an empty glob", "a"}});
+}
+
+TEST(StringSearchersTest, ALineEndsWhereItsWidthDoes) {
+    expectCuts(LineSizeSearcher(5, " \n-"),
+               {{"a text that fits ends at its end", "abcde", 5, 1},
+                {"or at its line feed", "a\nbc", 1, 1},
+                {"a line feed in front is a line with it", "\nabc", 1, 0},
+                {"also of a longer text", "\nabcdef", 1, 0},
+                {"a blank is consumed", "ab cdefg", 2, 1},
+                {"a blank right behind a full line too", "abcde fg", 5, 1},
+                {"another break character stays", "ab-cdefg", 3, 0},
+                {"even one right behind a full line", "abcde-fg", 6, 0},
+                {"a word that is too long is cut", "abcdefgh", 5, 0},
+                {"a break at the beginning is none", "-abcdefgh", 5, 0},
+                {"a line feed right behind a full line", "abcde\nfg", 5, 1},
+                {"one inside goes before a blank that fits", "ab\nc efg", 2, 1},
+                {"the stretch ends a text", "-ab cdefg", 6, 1, 1, 5},
+                {"lines begin at the position", "abc def ghi", 7, 1, 4},
+                {"nothing is left", "a b", npos, npos, 3}});
+    expectCuts(LineSizeSearcher(5, "-"), {{"a line feed that may not break", "a-b\ncde", 2, 0},
+                                          {"is left for the next line", "ab\ncdef", 2, 0}});
+    expectCuts(LineSizeSearcher(0, " "), {{"no width", "a b"}});
+}
+
+struct WalkCase {
+    const char* name;
+    std::string text;
+    std::string quoted;  // A "q" for each character after which the walk is inside quotes.
+    bool noEscapes = false;
+};
+
+template <class Char>
+std::string walk(const std::basic_string<Char>& text, bool noEscapes) {
+    BasicStringIterator<Char> at;
+    at.setNoEscapes(noEscapes);
+    std::string quoted;
+    while (at.next(text))
+        quoted += at.isQuoted() ? 'q' : '.';
+    return quoted;
+}
+
+const std::vector<WalkCase> walks = {
+    {"a closing quote is outside", R"(a"b"c)", ".qq.."},
+    {"the kinds of quotes toggle independently", R"("a'b"c'd)", "qqqqqq.."},
+    {"a backslash takes a quote's power", R"(\"a)", "..."},
+    {"also between quotes", R"('\'a)", "qqqq"},
+    {"two take it from each other", R"(\\"a)", "..qq"},
+    {"without escapes it is a character", R"(\"a)", ".qq", true},
+};
+
+TEST(StringIteratorTest, QuotesOpenAndClose) {
+    for (const WalkCase& row : walks) {
+        EXPECT_EQ(walk(row.text, row.noEscapes), row.quoted) << row.name;
+        EXPECT_EQ(walk(widen(row.text), row.noEscapes), row.quoted) << row.name;
+    }
+}
+
+TEST(StringIteratorTest, BracketsCountInsideQuotesTooUnlessEscaped) {
+    const std::wstring text = LR"(")((<\(]\")";
+    WStringIterator at;
+    WStringIterator strict;
+    strict.setOnlyQuotesEscapable(true);
+    while (at.index() + 1 != text.size()) {
+        at.next(text);
+        strict.next(text);
+    }
+    EXPECT_EQ(at.getOpenParenthesis(L'('), 2U);
+    EXPECT_EQ(strict.getOpenParenthesis(L'('), 3U);
+    EXPECT_EQ(at.getOpenParenthesis(L'<'), 1U);
+    EXPECT_EQ(at.getOpenParenthesis(L'['), 0U);
+}
+
+TEST(StringIteratorTest, AtTheEndAllIsAsNew) {
+    StringIterator at(1);
+    at.setNoEscapes(true);
+    EXPECT_TRUE(at.next("a'") && at.isQuoted() && !at.next("a'"));
+    EXPECT_EQ(at.index(), StringIterator::NoIndex);
+    EXPECT_FALSE(at.isQuoted());
+    EXPECT_TRUE(at.next("\\'") && at.next("\\'") && !at.isQuoted());
+}
+
+}  // namespace
+}  // namespace TarvikCorelib::StringTools
