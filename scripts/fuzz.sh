@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs each fuzzer for SECONDS, all of them side by side, and exits with 1 on a finding.
+# Runs each fuzzer for SECONDS, as many side by side as there are processors, and exits with 1 on a
+# finding.
 #
 # All that they write stays under build/fuzz: the inputs that they collect in corpus, from where the
 # next run goes on, the inputs of findings in findings, and their output in <fuzzer>.log.
@@ -12,7 +13,8 @@ if [ $# -ne 1 ] || ! [[ $1 =~ ^[1-9][0-9]*$ ]]; then
   exit 2
 fi
 seconds=$1
-fuzzers=(HandleValidatorFuzzer CmdParserFuzzer)
+fuzzers=(HandleValidatorFuzzer CmdParserFuzzer TemplateFuzzer SplitterFuzzer EscapeFuzzer
+  ArgStringFuzzer GlobFuzzer NumberFuzzer)
 build=$root/build/fuzz
 
 needPackages "${productPackages[@]}" "${fuzzPackages[@]}"
@@ -40,6 +42,9 @@ startFuzzer() {
 declare -A running=()
 trap 'kill "${running[@]}" 2>/dev/null' INT TERM
 for fuzzer in "${fuzzers[@]}"; do
+  while [ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]; do
+    wait -n || true
+  done
   startFuzzer "$fuzzer"
 done
 
