@@ -32,8 +32,9 @@ bool isNumber(const std::string& text) {
 void checkValue(const std::string& text, std::size_t decimals, bool padWithZeros) {
     const std::string result = rounded(text, decimals, padWithZeros);
     const long double value = std::strtold(text.c_str(), nullptr);
-    const long double unit = std::pow(10.0L, -static_cast<long double>(decimals));
-    check(std::fabs(std::strtold(result.c_str(), nullptr) - value) <= unit * 0.500001L);
+    const long double half = std::pow(10.0L, -static_cast<long double>(decimals)) / 2;
+    const long double uncertainty = std::fabs(value) * 1e-18L;
+    check(std::fabs(std::strtold(result.c_str(), nullptr) - value) <= half + uncertainty);
     check(rounded(result, decimals, padWithZeros) == result);
 
     const std::string shortest = trimmed(text);
