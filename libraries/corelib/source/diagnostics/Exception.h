@@ -14,7 +14,8 @@ namespace TarvikCorelib {
 /// caused it. The text is put together when it is read, not when it is thrown.
 ///
 /// A template has the form `@key{text};`, and each `%` of its text takes a value. What is no
-/// template is read by the same rules: "@", a backslash and a closing "}" in it may vanish.
+/// template is read by the same rules (`readTemplate`): "@", a backslash, a closing "}" and ";" may
+/// vanish from it, and all that looks like a key.
 ///
 /// The text may be given narrow or wide, and is read as either. For that, what is narrow is widened
 /// byte by byte, and what is wide is narrowed by the process locale; neither fails.
@@ -50,7 +51,8 @@ public:
     [[nodiscard]] std::wstring getMessageWWithLocation() const;
 
     /// The message with its values filled in, after the name if that is wanted, and then a line for
-    /// each contained exception, always with its name. Without a message it begins with a line end.
+    /// each contained exception, always with its name. With neither name nor message it begins with
+    /// the line end.
     /// A message of the other width always comes with the name, on purpose.
     [[nodiscard]] std::string getFullMessage(bool withName) const;
     [[nodiscard]] std::wstring getFullMessageW(bool withName) const;
@@ -61,7 +63,8 @@ public:
     void forEachLogRecord(const TakeRecord& take) const;
 
     /// Append a blank and plain words to the message of that width; a template would show its key.
-    /// The values go behind those that there are.
+    /// The values go behind those that there are. Words of the other width than the message are
+    /// seen by readers of that width only, who then no longer see the message.
     void addToMessage(std::string_view text);
     void addToMessage(std::wstring_view text);
     void addToMessage(std::string_view text, const ParamStream& values);

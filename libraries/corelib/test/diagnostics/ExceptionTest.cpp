@@ -23,6 +23,8 @@ constexpr auto templates = std::to_array<TemplateCase>({
     {"a tag shows its text", "@a.b{some text};", "some text"},
     {"behind a tag its brace comes back", "@a{x}; y", "x} y"},
     {"a second tag keeps its key", "@a{x}; @b{y};", "x} b{y"},
+    {"right behind a closed tag it loses it", "@a{x};@b{y};", "xy"},
+    {"a key in front of a plain text hides it", "@home", ""},
     {"a brace comes back before text", "a}b}}c", "a}b}}c"},
     {"at the end it does not", "a}", "a"},
     {"an at sign falls away", "a@b", "ab"},
