@@ -39,7 +39,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const;
     /// False for an empty value.
-    [[nodiscard]] bool isWide() const { return wide; }
+    [[nodiscard]] bool isWide() const { return wide && !isEmpty(); }
     /// In characters.
     [[nodiscard]] std::size_t getLength() const { return isEmpty() ? 0 : length; }
 
