@@ -184,6 +184,7 @@ std::optional<std::pair<std::size_t, std::size_t>> findGlob(std::basic_string_vi
         makeParam(text.substr(0, pos + std::min(count, text.size() - pos)), glob, pos);
     for (std::size_t start = nextStart(param, pos); start < param.textEnd;
          start = nextStart(param, start + 1)) {
+        // Of the attempt before, which saw no star, nothing else is left.
         param.start = start;
         param.textPos = start;
         param.globPos = 0;
