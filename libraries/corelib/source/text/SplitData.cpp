@@ -118,15 +118,15 @@ std::size_t BasicSplitData<Char>::findEndEscaping(SplitType type, View delimiter
 template <class Char>
 void BasicSplitData<Char>::findKV(std::size_t& keyStart, std::size_t& keyEnd,
                                   std::size_t& valueStart, std::size_t& valueEnd) {
-    const std::size_t found = findKeyValueDelimiter();
+    findKeyValueDelimiter();
+    const bool isFound = keyValue.at < text.size();
     keyStart = itemStart;
-    keyEnd = found < text.size() ? found : itemEnd;
+    keyEnd = isFound ? keyValue.at : itemEnd;
     valueStart = keyEnd + lengthOf(keyValueDelimiter);
     valueEnd = itemEnd;
 
     if (!has(SplitTrim)) return;
-    while (keyEnd > keyStart && isBlank(text[keyEnd - 1]))
-        --keyEnd;
+    if (isFound) keyEnd = std::max(keyStart, keyValue.keyEnd);
     // Backward, on purpose.
     while (valueStart > keyStart && valueStart < valueEnd && isBlank(text[valueStart]))
         --valueStart;
@@ -147,17 +147,19 @@ std::size_t BasicSplitData<Char>::lengthOf(View wanted) const {
     return type == SplitFirstOf ? 1 : wanted.size();
 }
 
-// Searches anew only from behind the last one found, so that items without one cost nothing. Quotes
-// are closed between items, so this holds for them too, unless the item delimiter itself quotes.
+// Searches anew only from behind the last one found, for as many items as it may serve. Quotes are
+// closed between items, so this holds for them too, unless the item delimiter itself quotes.
 template <class Char>
-std::size_t BasicSplitData<Char>::findKeyValueDelimiter() {
+void BasicSplitData<Char>::findKeyValueDelimiter() {
     constexpr std::array<Char, 3> quoting = {'\'', '"', '\\'};
     const bool isQuoting =
+        has(SplitQuoted) &&
         delimiter.find_first_of(quoting.data(), 0, quoting.size()) != StringTools::npos;
-    const bool isKnown = keyValueAt != NotSearched && keyValueAt >= itemStart;
-    if (!isKnown || (isQuoting && has(SplitQuoted)))
-        keyValueAt = find(keyValueDelimiter, itemStart);
-    return keyValueAt;
+    if (keyValue.isKnown && keyValue.at >= itemStart && !isQuoting) return;
+
+    keyValue = {true, find(keyValueDelimiter, itemStart), itemStart};
+    const View keys = text.substr(itemStart, keyValue.at - itemStart);
+    keyValue.keyEnd += keys.find_last_not_of(blanks<Char>()) + 1;
 }
 
 template <class Char>

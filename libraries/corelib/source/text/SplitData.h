@@ -9,7 +9,7 @@
 
 namespace TarvikCorelib {
 
-/// The words in which a split is ordered.
+/// How a text is to be split.
 struct SplitTerms {
     /// What a delimiter is.
     enum SplitType : std::int32_t {
@@ -20,7 +20,7 @@ struct SplitTerms {
     /// Bits of the flags; 2 means nothing.
     enum SplitFlag : std::int32_t {
         SplitTrim = 1,            ///< Remove white space around items and behind keys.
-        SplitSkipEmpty = 4,       ///< Leave out empty items, and pairs with an empty key.
+        SplitSkipEmpty = 4,       ///< Leave out empty items, or pairs with an empty key.
         SplitSkipEmptyValue = 8,  ///< Leave out pairs with an empty value.
         SplitQuoted = 16,         ///< No delimiter between quotes is one. The quotes stay.
     };
@@ -62,18 +62,27 @@ public:
     /// Cuts the current item into key and value, as places in the text. Without a key-value
     /// delimiter all is key. Two things are odd on purpose:
     /// - A delimiter behind the item counts. The key then reaches up to it, beyond the item, and
-    ///   the value starts behind its own end, which means that it is empty.
+    ///   the value starts behind its own end, which means that it is empty. So many items before
+    ///   a single delimiter make long keys, whose sum grows with the square of their number.
     /// - With `SplitTrim` a value with white space in front keeps it and gains what stands before
     ///   it: "k= v" has the value "= v".
+    ///
+    /// All items together take one pass over the text. Only with `SplitQuoted` and an item
+    /// delimiter that holds a quote or a backslash does each take one.
     void findKV(std::size_t& keyStart, std::size_t& keyEnd, std::size_t& valueStart,
                 std::size_t& valueEnd);
 
 private:
-    static constexpr auto NotSearched = static_cast<std::size_t>(-1);
+    // The last key-value delimiter found: valid for all items up to it.
+    struct KeyValueDelimiter {
+        bool isKnown = false;
+        std::size_t at = 0;      // The end of the text if there is none.
+        std::size_t keyEnd = 0;  // Where the white space in front of it begins.
+    };
 
     [[nodiscard]] std::size_t find(View wanted, std::size_t pos) const;
     [[nodiscard]] std::size_t lengthOf(View wanted) const;
-    [[nodiscard]] std::size_t findKeyValueDelimiter();
+    void findKeyValueDelimiter();
     void trimItem();
 
     View text;
@@ -87,7 +96,7 @@ private:
     std::size_t foundAt = 0;
     std::size_t itemStart = 0;
     std::size_t itemEnd = 0;
-    std::size_t keyValueAt = NotSearched;  // The last key-value delimiter found.
+    KeyValueDelimiter keyValue;
 };
 
 extern template class BasicSplitData<char>;

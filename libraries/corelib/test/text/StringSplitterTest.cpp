@@ -98,6 +98,7 @@ const auto maps = std::to_array<MapCase>({
     {"for each of the items before it", "a,b,c=1,d", skipValue, {{"c", "1"}}},
     {"empty keys and values are skipped", "=1,,a=,b=2", skip | skipValue, {{"b", "2"}}},
     {"a key loses its blanks", " a =1 , =2", trim | skip, {{"a", "1"}}},
+    {"far from its delimiter, too", "a,b , =1", trim, {{"", "1"}, {"a,b ,", ""}, {"b ,", ""}}},
     {"a value with a blank in front gains what is before it", "k=  v ", trim, {{"k", "=  v"}}},
     {"unless it is trimmed away", "k= ,l=1", trim, {{"k", ""}, {"l", "1"}}},
     {"a quoted delimiter is none", "'a=b'=',',c", quoted, {{"'a=b'", "','"}, {"c", ""}}},
