@@ -29,7 +29,8 @@ View<Char> stretch(View<Char> text, std::size_t pos, std::size_t count) {
     return text.substr(pos, count);
 }
 
-bool give(const std::optional<Cut>& cut, std::size_t pos, std::size_t& start, std::size_t& length) {
+bool report(const std::optional<Cut>& cut, std::size_t pos, std::size_t& start,
+            std::size_t& length) {
     if (!cut) return false;
     start = pos + cut->start;
     length = cut->length;
@@ -112,27 +113,27 @@ CharSearcher::CharSearcher(std::string set, std::wstring setW)
 bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
     const auto cut = findAnyOf<char>(stretch<char>(text, pos, count), set);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                               std::size_t pos, std::size_t count) const {
     const auto cut = findAnyOf<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
                                       const std::string& text, std::size_t pos,
                                       std::size_t count) const {
     const auto cut = findAnyUnquoted<char>(stretch<char>(text, pos, count), set);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
                                       const std::wstring& text, std::size_t pos,
                                       std::size_t count) const {
     const auto cut = findAnyUnquoted<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 GlobSearcher::GlobSearcher(const std::string& pattern) : GlobSearcher(pattern, widen(pattern)) {}
@@ -143,13 +144,13 @@ GlobSearcher::GlobSearcher(std::string pattern, std::wstring patternW)
 bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
     const auto cut = findMatch<char>(stretch<char>(text, pos, count), pattern);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                               std::size_t pos, std::size_t count) const {
     const auto cut = findMatch<wchar_t>(stretch<wchar_t>(text, pos, count), patternW);
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, const std::string& breakSet)
@@ -163,14 +164,14 @@ bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const
                                   std::size_t pos, std::size_t count) const {
     const auto cut =
         findLineEnd<char>(stretch<char>(text, pos, count), {lineSize, breakSet, whitespace()});
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                                   std::size_t pos, std::size_t count) const {
     const auto cut = findLineEnd<wchar_t>(stretch<wchar_t>(text, pos, count),
                                           {lineSize, breakSetW, whitespaceW()});
-    return give(cut, pos, start, length);
+    return report(cut, pos, start, length);
 }
 
 }  // namespace TarvikCorelib::StringTools

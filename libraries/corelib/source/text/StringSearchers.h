@@ -13,7 +13,8 @@ class StringSearcher {
 public:
     /// Looks at `count` characters of `text` from `pos` on, all ones meaning all that are left.
     /// True if there is a cut: it lies at `start` and consumes `length` characters. Otherwise both
-    /// stay as they were. Their order, and that they come first, is settled.
+    /// stay as they were. These two operations come first in the class, in this order: binaries
+    /// rely on it.
     virtual bool operator()(std::size_t& start, std::size_t& length, const std::string& text,
                             std::size_t pos, std::size_t count) const = 0;
     virtual bool operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
@@ -73,12 +74,15 @@ private:
     std::wstring patternW;
 };
 
-/// Wraps a text at a width: finds the end of the line that begins at `pos`.
+/// Wraps a text at a width: finds the end of the line that begins at `pos`. At the end of the
+/// stretch a cut consumes 1 as well, on purpose, though nothing stands there.
 class LineSizeSearcher : public StringSearcher {
 public:
-    /// A line has at most `lineSize` characters and ends at a line feed, at white space, which is
-    /// consumed, or behind another character of `breakSet`. One of these right behind a full line
-    /// still goes with it, on purpose. A size of 0 finds nothing.
+    /// A line has at most `lineSize` characters and ends at a line feed or at white space of
+    /// `breakSet`, which is consumed, or behind another character of it. One of these right behind
+    /// a full line still goes with it, on purpose. A line feed at `pos` is a line by itself. Where
+    /// the text goes on behind a full line, a line feed inside only bounds the search for a
+    /// character of `breakSet`, on purpose. A size of 0 finds nothing.
     LineSizeSearcher(std::uint32_t lineSize, const std::string& breakSet);
     LineSizeSearcher(std::uint32_t lineSize, std::string breakSet, std::wstring breakSetW);
 

@@ -124,7 +124,7 @@ public:
     }
 
     /// The required keys that the map lacks. As a text these are divided by commas, trimmed and
-    /// skipped if empty; between quotes a comma is none.
+    /// skipped if empty; between quotes a comma is none, and the quotes stay with the key.
     static std::set<Text> verifyMap(const Map& map, const std::list<Text>& required);
     static std::set<Text> verifyMap(const Map& map, View required);
     static std::set<Text> verifyMap(const MultiMap& map, const std::list<Text>& required);
@@ -187,13 +187,17 @@ public:
     [[nodiscard]] static std::string join(const Pairs& pairs, std::string_view itemDelimiter,
                                           std::string_view keyValueDelimiter, int flags = 0);
 
-    /// Quotes a text so that no split with `SplitQuoted` cuts it in two, if it needs that. In a
-    /// text with both kinds of quotes the two characters behind a delimiter get lost, on purpose.
+    /// Puts a text in quotes, if it needs them, so that a split with `SplitQuoted` gives it back.
+    /// On purpose that holds only for texts without quotes and backslashes: a quote inside takes
+    /// over from the one around it, and a backslash at the end protects the closing one. In a text
+    /// with both kinds of quotes the two characters behind a delimiter get lost, on purpose too.
     static std::string internalEncode(std::string_view text, std::string_view itemDelimiter,
                                       std::string_view keyValueDelimiter);
 
-    /// Splits a command line into its arguments, as told at each step. With `decode` the escapes
-    /// inside quotes are turned into the characters they stand for.
+    /// Splits a command line into its arguments, at spaces outside quotes, up to a line feed. With
+    /// `decode` the escapes inside quotes are turned into the characters they stand for. An
+    /// argument that begins with a quote loses its outer quotes, others keep theirs. One whose
+    /// quote is never closed keeps it, on purpose, unless it is all there is.
     static std::vector<std::string> splitArgString(std::string_view text, bool decode);
 
 private:

@@ -83,8 +83,8 @@ void append(std::string& joined, std::string_view text, std::string_view itemDel
 std::string StringSplitter::internalEncode(std::string_view text, std::string_view itemDelimiter,
                                            std::string_view keyValueDelimiter) {
     const Marks marks = findMarks(text);
-    const bool isCut = contains(text, itemDelimiter) || contains(text, keyValueDelimiter);
-    if (!marks.any() && !isCut) return std::string(text);
+    const bool hasDelimiter = contains(text, itemDelimiter) || contains(text, keyValueDelimiter);
+    if (!marks.any() && !hasDelimiter) return std::string(text);
     if (marks.hasDouble && marks.hasSingle)
         return encodePieces(text, itemDelimiter, keyValueDelimiter);
 
