@@ -25,7 +25,8 @@ constexpr auto npos = std::string::npos;
 const std::string& whitespace();
 const std::wstring& whitespaceW();
 
-// Changing a text in place. Each of these returns its first argument.
+// Changing a text in place. Each of these returns its first argument; none of the others may point
+// into it.
 
 /// Remove blanks from one end: the characters of `whitespace`, or, if `whitespaceOnly` is false,
 /// all whose unsigned value is at most 32.
@@ -95,8 +96,9 @@ std::string& trimNumber(std::string& text);
 std::wstring& trimNumber(std::wstring& text);
 
 /// Rounds a decimal number half up, away from zero, to `decimals` places; with none the "." stays
-/// at the end. Fewer places are filled up with zeros if `padWithZeros`. What is no number stays as
-/// it is, and so does, on purpose, all that begins with ".".
+/// at the end. Fewer places are filled up with zeros if `padWithZeros`. All that begins with "."
+/// stays as it is, on purpose, and so does what begins with "-" and is no number, or has two ".";
+/// any other text is taken for one unchecked.
 std::string& roundNumber(std::string& text, std::size_t decimals, bool padWithZeros);
 std::wstring& roundNumber(std::wstring& text, std::size_t decimals, bool padWithZeros);
 
@@ -211,7 +213,7 @@ std::multiset<std::string> splitSet(std::string_view text, std::string_view set,
 std::multiset<std::wstring> splitSet(std::wstring_view text, std::wstring_view set,
                                      std::size_t limit, bool skipEmpty, bool unique);
 
-/// The same with a whole substring as delimiter.
+/// The same with a whole substring as delimiter. An empty one is never found.
 std::list<std::string> splitSubstrList(std::string_view text, std::string_view delimiter,
                                        std::size_t limit, bool skipEmpty);
 std::list<std::wstring> splitSubstrList(std::wstring_view text, std::wstring_view delimiter,
@@ -287,6 +289,8 @@ std::wstring unescape(std::wstring_view text, std::wstring_view encoded, std::ws
 
 std::string toString(bool value);  ///< "1" or "0".
 std::wstring toWString(bool value);
+std::string toString(const void* value) = delete;  ///< A text is no truth value.
+std::wstring toWString(const void* value) = delete;
 std::string toString(long long number);
 std::wstring toWString(long long number);
 std::string toString(unsigned long long number);
@@ -325,8 +329,8 @@ long long toInt64(std::string_view text);
 long long toInt64(std::wstring_view text);
 unsigned long long toUInt64(std::string_view text);
 unsigned long long toUInt64(std::wstring_view text);
-/// As the C library reads it. The narrow form gives the largest finite number for infinity, the
-/// wide form does not, on purpose.
+/// As the C library reads it. The narrow form gives the largest finite number for infinity, but not
+/// the smallest for its negative; the wide form gives both as they are. On purpose.
 double toDouble(const std::string& text);
 double toDouble(const std::wstring& text);
 
@@ -357,7 +361,7 @@ std::multimap<std::string, std::string> convert(
 std::wstring widen(std::string_view text);
 
 /// Narrows so that nothing is lost: a character that is not printable 7-bit, and "#", becomes "#",
-/// its number and ";". Those in `keep` stay as they are.
+/// its number and ";". Those in `keep` are narrowed as by `convert`.
 std::string pconvert(std::wstring_view text, std::wstring_view keep = {});
 /// Reads that back. A "#" without digits and ";" behind it stays as it is. Throws as `convert`
 /// does.

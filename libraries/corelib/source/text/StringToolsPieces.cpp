@@ -12,8 +12,8 @@ using Text = std::basic_string<Char>;
 template <class Char>
 using View = std::basic_string_view<Char>;
 
-// What divides a text: a single character, any of a set, or a whole substring. Each finds itself,
-// first or last, or gives all ones.
+// What divides a text: a single character, any of a set, or a whole substring. Each finds itself or
+// gives all ones.
 
 template <class Char>
 struct OneChar {
@@ -43,7 +43,6 @@ struct Substring {
     [[nodiscard]] std::size_t find(View<Char> text, std::size_t pos) const {
         return part.empty() ? npos : text.find(part, pos);
     }
-    [[nodiscard]] std::size_t findLast(View<Char> text) const { return text.rfind(part); }
 };
 
 // Takes the head off, with the delimiter; all of it if there is none.

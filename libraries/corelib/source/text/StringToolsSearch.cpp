@@ -12,7 +12,7 @@ namespace {
 template <class Char>
 using View = std::basic_string_view<Char>;
 
-// All ones, too, means that there is nothing.
+// Empty if `pos` is past the last character.
 template <class Char>
 View<Char> stretchOf(View<Char> text, std::size_t pos, std::size_t count) {
     return text.substr(std::min(pos, text.size()), count);
