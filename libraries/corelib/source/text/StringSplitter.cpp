@@ -11,26 +11,7 @@ using StringTools::npos;
 template <class Char>
 using View = std::basic_string_view<Char>;
 
-// `find` and `rfind` find an empty text everywhere.
-template <class Char>
-std::size_t findFirst(View<Char> text, View<Char> delimiter) {
-    return delimiter.empty() ? npos : text.find(delimiter);
-}
-
-template <class Char>
-std::size_t findLast(View<Char> text, View<Char> delimiter) {
-    return delimiter.empty() ? npos : text.rfind(delimiter);
-}
-
-// In all four below the delimiter lies at `found`, or there is none.
-
-template <class Char>
-std::basic_string<Char> takeLeft(std::basic_string<Char>& text, std::size_t found,
-                                 std::size_t length) {
-    std::basic_string<Char> head = text.substr(0, found);
-    text.erase(0, found == npos ? npos : found + length);
-    return head;
-}
+// In all below the delimiter lies at `found`, or there is none.
 
 // `substr` throws if there is no delimiter.
 template <class Char>
@@ -112,17 +93,17 @@ std::list<std::basic_string<Char>> requiredKeys(View<Char> required) {
 
 template <class Char>
 auto BasicStringSplitter<Char>::left(Text& text, Char delimiter) -> Text {
-    return takeLeft(text, text.find(delimiter), 1);
+    return StringTools::split(text, delimiter);
 }
 
 template <class Char>
 auto BasicStringSplitter<Char>::left(Text& text, View delimiter) -> Text {
-    return takeLeft(text, findFirst<Char>(text, delimiter), delimiter.size());
+    return StringTools::splitSubstr(text, delimiter);
 }
 
 template <class Char>
 auto BasicStringSplitter<Char>::leftFirstOf(Text& text, View set) -> Text {
-    return takeLeft(text, text.find_first_of(set), 1);
+    return StringTools::split(text, set);
 }
 
 template <class Char>
@@ -132,7 +113,7 @@ auto BasicStringSplitter<Char>::right(Text& text, Char delimiter) -> Text {
 
 template <class Char>
 auto BasicStringSplitter<Char>::right(Text& text, View delimiter) -> Text {
-    return takeRight(text, findLast<Char>(text, delimiter), delimiter.size());
+    return takeRight(text, text.rfind(delimiter), delimiter.size());
 }
 
 template <class Char>
@@ -147,7 +128,7 @@ auto BasicStringSplitter<Char>::tLeft(const Text& text, Char delimiter) -> std::
 
 template <class Char>
 auto BasicStringSplitter<Char>::tLeft(const Text& text, View delimiter) -> std::pair<Text, Text> {
-    return leftHalves(text, findFirst<Char>(text, delimiter), delimiter.size());
+    return leftHalves(text, text.find(delimiter), delimiter.size());
 }
 
 template <class Char>
@@ -162,7 +143,7 @@ auto BasicStringSplitter<Char>::tRight(const Text& text, Char delimiter) -> std:
 
 template <class Char>
 auto BasicStringSplitter<Char>::tRight(const Text& text, View delimiter) -> std::pair<Text, Text> {
-    return rightHalves(text, findLast<Char>(text, delimiter), delimiter.size());
+    return rightHalves(text, text.rfind(delimiter), delimiter.size());
 }
 
 template <class Char>

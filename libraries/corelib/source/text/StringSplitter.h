@@ -15,7 +15,8 @@
 namespace TarvikCorelib {
 
 /// The half of `StringSplitter` for one kind of character. A delimiter is a character or a whole
-/// substring, or, in the `FirstOf` forms, any character of a set. An empty one is never found.
+/// substring, or, in the `FirstOf` forms, any character of a set. An empty substring divides
+/// nothing: a split gives one item, `left` and `right` give an empty piece and leave the text.
 template <class Char>
 class BasicStringSplitter : public SplitTerms {
     using Text = std::basic_string<Char>;
