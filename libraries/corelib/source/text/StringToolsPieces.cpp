@@ -22,7 +22,6 @@ struct OneChar {
     [[nodiscard]] std::size_t find(View<Char> text, std::size_t pos) const {
         return text.find(c, pos);
     }
-    [[nodiscard]] std::size_t findLast(View<Char> text) const { return text.rfind(c); }
 };
 
 template <class Char>
@@ -32,7 +31,6 @@ struct AnyOf {
     [[nodiscard]] std::size_t find(View<Char> text, std::size_t pos) const {
         return text.find_first_of(set, pos);
     }
-    [[nodiscard]] std::size_t findLast(View<Char> text) const { return text.find_last_of(set); }
 };
 
 // An empty one is never found.
@@ -53,10 +51,10 @@ Text<Char> takeHead(Text<Char>& text, std::size_t at, std::size_t length) {
     return head;
 }
 
-template <class Char, class Delimiter>
-Text<Char> takeTail(Text<Char>& text, const Delimiter& delimiter) {
-    const std::size_t at = delimiter.findLast(text);
-    Text<Char> tail = text.substr(at == npos ? 0 : at + delimiter.length());
+// The same at the other end, for a delimiter of one character.
+template <class Char>
+Text<Char> takeTail(Text<Char>& text, std::size_t at) {
+    Text<Char> tail = text.substr(at == npos ? 0 : at + 1);
     text.erase(at == npos ? 0 : at);
     return tail;
 }
@@ -145,19 +143,19 @@ std::wstring splitSubstr(std::wstring& text, std::wstring_view delimiter) {
 }
 
 std::string rsplit(std::string& text, char delimiter) {
-    return takeTail(text, OneChar<char>{delimiter});
+    return takeTail(text, text.rfind(delimiter));
 }
 
 std::wstring rsplit(std::wstring& text, wchar_t delimiter) {
-    return takeTail(text, OneChar<wchar_t>{delimiter});
+    return takeTail(text, text.rfind(delimiter));
 }
 
 std::string rsplit(std::string& text, std::string_view set) {
-    return takeTail(text, AnyOf<char>{set});
+    return takeTail(text, text.find_last_of(set));
 }
 
 std::wstring rsplit(std::wstring& text, std::wstring_view set) {
-    return takeTail(text, AnyOf<wchar_t>{set});
+    return takeTail(text, text.find_last_of(set));
 }
 
 std::string rsplitSubstr(std::string& text, std::string_view delimiter) {
