@@ -4,24 +4,14 @@
 
 #include <algorithm>
 #include <array>
-#include <type_traits>
 
 namespace TarvikCorelib {
 
 namespace {
 
 template <class Char>
-std::basic_string_view<Char> blanks() {
-    if constexpr (std::is_same_v<Char, wchar_t>) {
-        return StringTools::whitespaceW();
-    } else {
-        return StringTools::whitespace();
-    }
-}
-
-template <class Char>
 bool isBlank(Char c) {
-    return blanks<Char>().find(c) != StringTools::npos;
+    return StringTools::whitespaceOf<Char>().find(c) != StringTools::npos;
 }
 
 template <class Char>
@@ -159,18 +149,18 @@ void BasicSplitData<Char>::findKeyValueDelimiter() {
 
     keyValue = {true, find(keyValueDelimiter, itemStart), itemStart};
     const View keys = text.substr(itemStart, keyValue.at - itemStart);
-    keyValue.keyEnd += keys.find_last_not_of(blanks<Char>()) + 1;
+    keyValue.keyEnd += keys.find_last_not_of(StringTools::whitespaceOf<Char>()) + 1;
 }
 
 template <class Char>
 void BasicSplitData<Char>::trimItem() {
     const View untrimmed = item();
-    const auto first = untrimmed.find_first_not_of(blanks<Char>());
+    const auto first = untrimmed.find_first_not_of(StringTools::whitespaceOf<Char>());
     if (first == StringTools::npos) {
         itemStart = itemEnd;
         return;
     }
-    itemEnd = itemStart + untrimmed.find_last_not_of(blanks<Char>()) + 1;
+    itemEnd = itemStart + untrimmed.find_last_not_of(StringTools::whitespaceOf<Char>()) + 1;
     itemStart += first;
 }
 

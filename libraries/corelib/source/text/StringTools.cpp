@@ -15,14 +15,6 @@ using Text = std::basic_string<Char>;
 template <class Char>
 using View = std::basic_string_view<Char>;
 
-const std::string& blanks(char /*width*/) {
-    return whitespace();
-}
-
-const std::wstring& blanks(wchar_t /*width*/) {
-    return whitespaceW();
-}
-
 template <class Char>
 bool isLow(Char c) {
     return static_cast<std::make_unsigned_t<Char>>(c) <= ' ';
@@ -31,7 +23,7 @@ bool isLow(Char c) {
 template <class Char>
 Text<Char>& trimmedLeft(Text<Char>& text, bool whitespaceOnly) {
     const auto first = std::find_if_not(text.begin(), text.end(), [=](Char c) {
-        return whitespaceOnly ? blanks(c).find(c) != npos : isLow(c);
+        return whitespaceOnly ? whitespaceOf<Char>().find(c) != npos : isLow(c);
     });
     text.erase(text.begin(), first);
     return text;
@@ -40,7 +32,7 @@ Text<Char>& trimmedLeft(Text<Char>& text, bool whitespaceOnly) {
 template <class Char>
 Text<Char>& trimmedRight(Text<Char>& text, bool whitespaceOnly) {
     const auto last = std::find_if_not(text.rbegin(), text.rend(), [=](Char c) {
-        return whitespaceOnly ? blanks(c).find(c) != npos : isLow(c);
+        return whitespaceOnly ? whitespaceOf<Char>().find(c) != npos : isLow(c);
     });
     text.erase(last.base(), text.end());
     return text;

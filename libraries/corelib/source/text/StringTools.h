@@ -24,6 +24,9 @@ constexpr auto npos = std::string::npos;
 /// Backspace belongs to it on purpose. Safe to call from any thread.
 const std::string& whitespace();
 const std::wstring& whitespaceW();
+/// That of either kind, for code that is written once for both.
+template <class Char>
+const std::basic_string<Char>& whitespaceOf();
 
 // Changing a text in place. Each of these returns its first argument; none of the others may point
 // into it.
@@ -375,6 +378,14 @@ bool decode(wchar_t& c, const char* buffer, unsigned short size);
 /// the end that are less than a width are dropped.
 std::string encode(std::wstring_view text, unsigned short width);
 std::wstring decode(std::string_view bytes, unsigned short width);
+
+template <class Char>
+const std::basic_string<Char>& whitespaceOf() {
+    if constexpr (std::is_same_v<Char, wchar_t>)
+        return whitespaceW();
+    else
+        return whitespace();
+}
 
 template <class Container, class Text>
 Text join(const Container& items, const std::type_identity_t<Text>& delimiter) {
