@@ -3,6 +3,7 @@
 #include "libraries/corelib/source/diagnostics/NamedException.h"
 #include "libraries/corelib/source/diagnostics/SourceText.h"
 #include "libraries/corelib/source/diagnostics/ToString.h"
+#include "libraries/corelib/source/text/StringTools.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,8 @@
 
 namespace TarvikCorelib {
 namespace {
+
+using StringTools::widen;
 
 struct TemplateCase {
     const char* name;
@@ -40,15 +43,10 @@ constexpr auto templates = std::to_array<TemplateCase>({
     {"a semicolon in front is lost", ";a;b", "a;b"},
 });
 
-std::wstring widened(std::string_view text) {
-    return {text.begin(), text.end()};
-}
-
 TEST(ExceptionTest, EveryTextPassesThroughTheTemplateReader) {
     for (const TemplateCase& row : templates) {
         EXPECT_EQ(Exception(row.text).getFullMessage(false), row.shown) << row.name;
-        EXPECT_EQ(Exception(widened(row.text)).getFullMessageW(false), widened(row.shown))
-            << row.name;
+        EXPECT_EQ(Exception(widen(row.text)).getFullMessageW(false), widen(row.shown)) << row.name;
     }
 }
 

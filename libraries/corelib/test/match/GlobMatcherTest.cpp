@@ -1,5 +1,7 @@
 #include "libraries/corelib/source/match/GlobMatcher.h"
 
+#include "libraries/corelib/source/text/StringTools.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -10,11 +12,9 @@
 namespace TarvikCorelib {
 namespace {
 
-constexpr auto all = GlobMatcher::NoLimit;
+using StringTools::widen;
 
-std::wstring wide(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
+constexpr auto all = GlobMatcher::NoLimit;
 
 struct MatchCase {
     const char* text;
@@ -43,7 +43,7 @@ TEST(GlobMatcherTest, MatchTakesAllOfTheTextFromPosAndNoCountButZero) {
     const auto expect = [](const MatchCase& row, const char* glob, bool expected) {
         EXPECT_EQ(GlobMatcher::match(row.text, glob, row.pos, row.count), expected)
             << row.text << ' ' << glob;
-        EXPECT_EQ(GlobMatcher::match(wide(row.text), wide(glob), row.pos, row.count), expected)
+        EXPECT_EQ(GlobMatcher::match(widen(row.text), widen(glob), row.pos, row.count), expected)
             << row.text << ' ' << glob;
     };
     for (const MatchCase& row : matches) {
@@ -95,7 +95,7 @@ TEST(GlobMatcherTest, FindGivesTheFirstStartAndTheShortestLengthOrTellsWhy) {
     for (const auto& [text, pos, count, outcomes] : finds) {
         for (const auto& [glob, outcome] : outcomes) {
             EXPECT_EQ(outcomeOf<std::string>(text, glob, pos, count), outcome) << glob;
-            EXPECT_EQ(outcomeOf(wide(text), wide(glob), pos, count), outcome) << glob;
+            EXPECT_EQ(outcomeOf(widen(text), widen(glob), pos, count), outcome) << glob;
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "libraries/corelib/source/text/ParamStream.h"
 
 #include "libraries/corelib/source/text/SharedString.h"
+#include "libraries/corelib/source/text/StringTools.h"
 
 #include <gtest/gtest.h>
 
@@ -11,11 +12,8 @@
 namespace TarvikCorelib {
 namespace {
 
+using StringTools::widen;
 using ElementDef = ParamStream::ElementDef;
-
-std::wstring widened(std::string_view text) {
-    return {text.begin(), text.end()};
-}
 
 struct FormatCase {
     const char* name;
@@ -36,7 +34,7 @@ TEST(ParamStreamTest, ElementsFillTheFormat) {
     ParamStream params = ParamStream() << 1 << "a";
     for (const FormatCase& row : formats) {
         EXPECT_EQ(params.format(row.text), row.shown) << row.name;
-        EXPECT_EQ(params.format(widened(row.text)), widened(row.shown)) << row.name;
+        EXPECT_EQ(params.format(widen(row.text)), widen(row.shown)) << row.name;
     }
     EXPECT_EQ(ParamStream().format(R"(%\%)"), R"(%\%)");
     EXPECT_EQ((ParamStream() << "" << 2).format("<%%>"), "<2>");
