@@ -2,7 +2,7 @@
 // `memchr`.
 
 #include "libraries/corelib/source/diagnostics/Exception.h"
-#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/GlobMatching.h"
 #include "libraries/corelib/source/text/StringSplitter.h"
 #include "libraries/corelib/source/text/StringTools.h"
 

@@ -1,6 +1,6 @@
 // Any glob on any text, compared with what a glob means, and narrow with wide.
 
-#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/GlobMatching.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 /// The base of all that the suite throws.
 #pragma once
 
-#include "libraries/corelib/source/text/ParamStream.h"
+#include "libraries/corelib/source/values/ParamStream.h"
 
 #include <functional>
 #include <list>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "libraries/corelib/source/diagnostics/NamedException.h"
-#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/GlobMatching.h"
 
 #include <cstddef>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "libraries/corelib/source/diagnostics/Exception.h"
 #include "libraries/corelib/source/messaging/ImsAgent.h"
-#include "libraries/corelib/source/text/ParamStream.h"
+#include "libraries/corelib/source/values/ParamStream.h"
 
 #include <cstdint>
 #include <string>

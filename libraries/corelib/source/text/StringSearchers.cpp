@@ -1,6 +1,6 @@
 #include "libraries/corelib/source/text/StringSearchers.h"
 
-#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/GlobMatching.h"
 #include "libraries/corelib/source/text/StringIterator.h"
 #include "libraries/corelib/source/text/StringTools.h"
 

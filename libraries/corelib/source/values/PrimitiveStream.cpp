@@ -1,7 +1,7 @@
-#include "libraries/corelib/source/text/PrimitiveStream.h"
+#include "libraries/corelib/source/values/PrimitiveStream.h"
 
-#include "libraries/corelib/source/text/SharedString.h"
 #include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/values/SharedString.h"
 
 #include <algorithm>
 #include <array>

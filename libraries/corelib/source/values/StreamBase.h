@@ -1,7 +1,7 @@
 /// The operators of the streams of values.
 #pragma once
 
-#include "libraries/corelib/source/text/PrimitiveStream.h"
+#include "libraries/corelib/source/values/PrimitiveStream.h"
 
 #include <string>
 

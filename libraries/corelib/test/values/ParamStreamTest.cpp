@@ -1,7 +1,7 @@
-#include "libraries/corelib/source/text/ParamStream.h"
+#include "libraries/corelib/source/values/ParamStream.h"
 
-#include "libraries/corelib/source/text/SharedString.h"
 #include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/values/SharedString.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 /// The values that fill the `%` of a message's template.
 #pragma once
 
-#include "libraries/corelib/source/text/StreamBase.h"
+#include "libraries/corelib/source/values/StreamBase.h"
 
 #include <list>
 #include <string>

@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/text/SharedString.h"
+#include "libraries/corelib/source/values/SharedString.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/text/StreamBase.h"
+#include "libraries/corelib/source/values/StreamBase.h"
 
 namespace TarvikCorelib {
 

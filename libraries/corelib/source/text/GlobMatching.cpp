@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/match/GlobMatching.h"
+#include "libraries/corelib/source/text/GlobMatching.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/text/ParamStream.h"
+#include "libraries/corelib/source/values/ParamStream.h"
 
 #include <cstddef>
 #include <utility>
