@@ -13,7 +13,7 @@ CASES = [
 ]
 
 CONSTANT = re.compile(
-    r'std::string_view\s+(\w+)\s*=\s*(?:R"\((.*?)\)"|"((?:[^"\\]|\\.)*)");', re.DOTALL)
+    r'MessageText<\d+>\s+(\w+)\s*=\s*(?:R"\((.*?)\)"|"((?:[^"\\]|\\.)*)");', re.DOTALL)
 
 
 def messages():

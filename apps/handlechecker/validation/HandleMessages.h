@@ -4,76 +4,75 @@
 
 #include "shared/library/tables/MessageText.h"
 
-#include <string_view>
-
 namespace Tarvik::messages {
 
 using TarvikTables::fill;
+using TarvikTables::MessageText;
 
 // Lines of the block structure.
-inline constexpr std::string_view handleMissing =
+inline constexpr MessageText<0> handleMissing =
     R"(Missing "handle" declaration before start of handle)";
-inline constexpr std::string_view outsideOfHandle = R"(Invalid characters outside of handle, "{}")";
-inline constexpr std::string_view expectingBrace =
+inline constexpr MessageText<1> outsideOfHandle = R"(Invalid characters outside of handle, "{}")";
+inline constexpr MessageText<1> expectingBrace =
     R"(Expecting "{" only, instead got invalid value "{}")";
-inline constexpr std::string_view sectionMissing = "Missing proper section declaration";
-inline constexpr std::string_view invalidElement = R"(Invalid element "{}")";
-inline constexpr std::string_view braceMissingBeforeSection =
+inline constexpr MessageText<0> sectionMissing = "Missing proper section declaration";
+inline constexpr MessageText<1> invalidElement = R"(Invalid element "{}")";
+inline constexpr MessageText<1> braceMissingBeforeSection =
     R"(Missing "}" before the start of "{}" section)";
-inline constexpr std::string_view internalError = "INTERNAL ERROR";
+inline constexpr MessageText<0> internalError = "INTERNAL ERROR";
 
 // The handle's name and the order of its sections.
-inline constexpr std::string_view duplicateName = "Duplicate name declaration";
-inline constexpr std::string_view blankName = "Handle name should not be blank";
-inline constexpr std::string_view nameNotFirst = "Name must be declared first before the sections";
-inline constexpr std::string_view duplicateHandleName = "Duplicate name with {}";
+inline constexpr MessageText<0> duplicateName = "Duplicate name declaration";
+inline constexpr MessageText<0> blankName = "Handle name should not be blank";
+inline constexpr MessageText<0> nameNotFirst = "Name must be declared first before the sections";
+inline constexpr MessageText<1> duplicateHandleName = "Duplicate name with {}";
 
 // Keys, and the expressions of rules.
-inline constexpr std::string_view multipleDefinition = R"(Multiple definition of "{}")";
-inline constexpr std::string_view keyNotSupported =
+inline constexpr MessageText<1> multipleDefinition = R"(Multiple definition of "{}")";
+inline constexpr MessageText<2> keyNotSupported =
     R"("{}" param is not supported in the "{}" section)";
-inline constexpr std::string_view invalidRuleName = R"(Invalid rule name "{}")";
-inline constexpr std::string_view openingBracketMissing = R"(Missing "[" in "{}")";
-inline constexpr std::string_view closingBracketMissing = R"(Missing "]" in "{}")";
-inline constexpr std::string_view invalidExpression = R"(Invalid expression "{}")";
-inline constexpr std::string_view parameterRequired = R"("{}" is required in "{}")";
-inline constexpr std::string_view parameterNotSupported = R"("{}" param is not supported)";
+inline constexpr MessageText<1> invalidRuleName = R"(Invalid rule name "{}")";
+inline constexpr MessageText<1> openingBracketMissing = R"(Missing "[" in "{}")";
+inline constexpr MessageText<1> closingBracketMissing = R"(Missing "]" in "{}")";
+inline constexpr MessageText<1> invalidExpression = R"(Invalid expression "{}")";
+inline constexpr MessageText<2> parameterRequired = R"("{}" is required in "{}")";
+inline constexpr MessageText<1> parameterNotSupported = R"("{}" param is not supported)";
 
 // Values.
-inline constexpr std::string_view invalidValue = R"(Invalid value "{}")";
-inline constexpr std::string_view invalidValueOf = R"(Invalid value of "{}")";
-inline constexpr std::string_view invalidValueFor = R"(Invalid value of "{}" for "{}")";
+inline constexpr MessageText<1> invalidValue = R"(Invalid value "{}")";
+inline constexpr MessageText<1> invalidValueOf = R"(Invalid value of "{}")";
+inline constexpr MessageText<2> invalidValueFor = R"(Invalid value of "{}" for "{}")";
 
 // Single sections.
-inline constexpr std::string_view blankExe = R"("Exe" must not be blank in "{}")";
-inline constexpr std::string_view licenseFileMissing =
+inline constexpr MessageText<1> blankExe = R"("Exe" must not be blank in "{}")";
+inline constexpr MessageText<1> licenseFileMissing =
     R"(Non-existing or inaccessible license-file "{}")";
-inline constexpr std::string_view pollerBinMissing =
+inline constexpr MessageText<1> pollerBinMissing =
     R"(Non-existing or inaccessible poller-bin "{}")";
-inline constexpr std::string_view blankLicense = R"(Not a valid license for license type "{}")";
-inline constexpr std::string_view noLicenseFileYet =
+inline constexpr MessageText<1> blankLicense = R"(Not a valid license for license type "{}")";
+inline constexpr MessageText<1> noLicenseFileYet =
     R"(No (valid) license-file was specified prior "{}")";
-inline constexpr std::string_view licenseFileUnreadable =
+inline constexpr MessageText<2> licenseFileUnreadable =
     R"(Unable to load license-file "{}" in "{}")";
-inline constexpr std::string_view unknownFilterType = R"(Unknown filter type "{}")";
-inline constexpr std::string_view illegalWeekDay = R"(Illegal week day "{}")";
+inline constexpr MessageText<1> unknownFilterType = R"(Unknown filter type "{}")";
+inline constexpr MessageText<1> illegalWeekDay = R"(Illegal week day "{}")";
 // Of times of the day too: they have no wording of their own.
-inline constexpr std::string_view illegalDateRange = R"(Illegal date range "{}")";
-inline constexpr std::string_view invalidAction = R"(Invalid action "{}")";
-inline constexpr std::string_view invalidPriority = R"(Invalid priority "{}")";
+inline constexpr MessageText<1> illegalDateRange = R"(Illegal date range "{}")";
+inline constexpr MessageText<1> invalidAction = R"(Invalid action "{}")";
+inline constexpr MessageText<1> invalidPriority = R"(Invalid priority "{}")";
 
 // The closing checks. The second of them ends in a blank, which belongs to it.
-inline constexpr std::string_view licenseSourceMissing =
+inline constexpr MessageText<0> licenseSourceMissing =
     "Licenses were specified but no valid license-file or license-server or centralized details";
-inline constexpr std::string_view executablesMissing =
+inline constexpr MessageText<0> executablesMissing =
     "End of file, missing required Executable section ";
-inline constexpr std::string_view executablesEmpty =
+inline constexpr MessageText<0> executablesEmpty =
     "The Executables section must have atleast a single rule";
-inline constexpr std::string_view licenseTypeMissing =
+inline constexpr MessageText<0> licenseTypeMissing =
     R"(End of file, "License Type" not found in Licenses Section)";
-inline constexpr std::string_view nameNotFound = "End of file, name not found";
-inline constexpr std::string_view handleNotClosed =
+inline constexpr MessageText<0> nameNotFound = "End of file, name not found";
+inline constexpr MessageText<0> handleNotClosed =
     R"(Missing "}". End of file before end of handle)";
-inline constexpr std::string_view fileEmpty = "File Empty";
+inline constexpr MessageText<0> fileEmpty = "File Empty";
 
 }  // namespace Tarvik::messages

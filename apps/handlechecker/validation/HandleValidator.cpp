@@ -43,7 +43,7 @@ bool HandleValidator::validate() {
     clear();
     if (file.atEof(OperationAny)) {
         // The file stays open: the next loadHandle then fails in silence. On purpose.
-        addToErrorList(std::string(messages::fileEmpty), lineNumber);
+        addToErrorList(messages::fill(messages::fileEmpty), lineNumber);
         return false;
     }
     hadLineError = 0;
@@ -53,7 +53,7 @@ bool HandleValidator::validate() {
     // A file that only lacks its closing brace passes: the brace is missed only where there are
     // faults of other kinds. On purpose.
     if (hadLineError == 0 && errors.empty()) return true;
-    if (!reading.closed) addToErrorList(std::string(messages::handleNotClosed), lineNumber);
+    if (!reading.closed) addToErrorList(messages::fill(messages::handleNotClosed), lineNumber);
     return false;
 }
 
@@ -81,20 +81,20 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
 void HandleValidator::checkLicenseSources() {
     if (licenseType == NoLicenses || skipFileChecks || licenses.empty()) return;
     if (!licenseFile.empty() || !licenseServers.empty() || !centralizedLicenses.empty()) return;
-    addToErrorList(std::string(messages::licenseSourceMissing), licensesLine);
+    addToErrorList(messages::fill(messages::licenseSourceMissing), licensesLine);
 }
 
 void HandleValidator::checkEnd(const ReadingResult& reading) {
     if (executablesLine == 0) {
-        addToErrorList(std::string(messages::executablesMissing), lineNumber);
+        addToErrorList(messages::fill(messages::executablesMissing), lineNumber);
     }
     if (ruleLines.empty() && executablesLine != 0) {
-        addToErrorList(std::string(messages::executablesEmpty), lineNumber);
+        addToErrorList(messages::fill(messages::executablesEmpty), lineNumber);
     }
     if (licenseTypeText.empty() && licensesLine != 0) {
-        addToErrorList(std::string(messages::licenseTypeMissing), licensesLine);
+        addToErrorList(messages::fill(messages::licenseTypeMissing), licensesLine);
     }
-    if (reading.nameMissing) addToErrorList(std::string(messages::nameNotFound), lineNumber);
+    if (reading.nameMissing) addToErrorList(messages::fill(messages::nameNotFound), lineNumber);
 }
 
 void HandleValidator::nameScanner(std::string& handleName) {

@@ -5,6 +5,7 @@
 #include "apps/handlechecker/validation/NameSet.h"
 #include "apps/handlechecker/validation/RuleExpression.h"
 #include "shared/library/common/BasicFile.h"
+#include "shared/library/tables/MessageText.h"
 
 #include <cstdint>
 #include <list>
@@ -250,7 +251,8 @@ private:
     /// What the rules of one section have in common.
     struct RuleForm {
         std::string_view section;  ///< For the keys used twice.
-        std::string_view failure;  ///< What is said of an expression that cannot be read.
+        TarvikTables::MessageText<1>
+            failure;  ///< What is said of an expression that cannot be read.
         std::span<const std::string_view> allowed;  ///< The names of the parameters.
         bool lists = false;                         ///< Parameters that fill a list may repeat.
     };
@@ -318,7 +320,8 @@ private:
     bool readLicenseServer(std::string& value);
     bool readCentralizedLicenses(std::string& value);
     bool readPollerBin(std::string& value);
-    bool storePath(const std::string& path, std::string_view missing, std::string& out);
+    bool storePath(const std::string& path, const TarvikTables::MessageText<1>& missing,
+                   std::string& out);
     bool readRequired(std::string& value);
     bool readAssumeHidden(std::string& value);
     bool readAvailableReq(std::string& value);

@@ -61,8 +61,8 @@ bool HandleValidator::readPollerBin(std::string& value) {
     return storePath(value, messages::pollerBinMissing, pollerBin);
 }
 
-bool HandleValidator::storePath(const std::string& path, std::string_view missing,
-                                std::string& out) {
+bool HandleValidator::storePath(const std::string& path,
+                                const TarvikTables::MessageText<1>& missing, std::string& out) {
     if (!skipFileChecks && !FileOps::exists(path)) return refuse(messages::fill(missing, {path}));
     out = path;
     return true;

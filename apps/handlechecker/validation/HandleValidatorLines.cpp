@@ -52,7 +52,7 @@ int HandleValidator::takeLine(std::string& line) {
     case InSection: return inSection(line, parseobject);
     case ExpectSubsectionBrace: return expectBrace(line, InSubsection);
     case InSubsection: return inSubsection(line, parseobject);
-    default: return reject(std::string(messages::internalError));
+    default: return reject(messages::fill(messages::internalError));
     }
 }
 
@@ -61,7 +61,7 @@ int HandleValidator::inOutsideHandle(const std::string& line) {
     if (line == "handle") return moveTo(ExpectHandleBrace);
     if (line == "{") {
         state = InHandle;
-        return reject(std::string(messages::handleMissing));
+        return reject(messages::fill(messages::handleMissing));
     }
     return reject(messages::fill(messages::outsideOfHandle, {line}));
 }
@@ -86,7 +86,7 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     if (line == "{") {
         // A section without a word: its lines are rejected without a word too, up to its "}".
         state = InSection;
-        return reject(std::string(messages::sectionMissing));
+        return reject(messages::fill(messages::sectionMissing));
     }
     return reject(messages::fill(messages::invalidElement, {line}));
 }
@@ -96,7 +96,7 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
 int HandleValidator::openSection() {
     state = ExpectSectionBrace;
     if (sectionsSeen.size() == 1 && name.empty()) {
-        return reject(std::string(messages::nameNotFirst));
+        return reject(messages::fill(messages::nameNotFirst));
     }
     return LineAccepted;
 }
@@ -105,8 +105,8 @@ int HandleValidator::keyLineInHandle(const std::string& line) {
     std::string value = line;
     keyLineDivider(value);
     if (currentKey != NameKey) return reject(messages::fill(messages::invalidElement, {line}));
-    if (!name.empty()) return reject(std::string(messages::duplicateName));
-    if (value.empty()) return reject(std::string(messages::blankName));
+    if (!name.empty()) return reject(messages::fill(messages::duplicateName));
+    if (value.empty()) return reject(messages::fill(messages::blankName));
     name = std::move(value);
     nameLine = lineNumber;
     return LineAccepted;
