@@ -3,6 +3,7 @@
 #include "libraries/corelib/source/diagnostics/DiagnosticsMessages.h"
 #include "libraries/corelib/source/process/EnvTools.h"
 #include "libraries/corelib/source/process/GlobalData.h"
+#include "libraries/corelib/source/system/Release.h"
 #include "libraries/corelib/source/system/SystemTools.h"
 #include "libraries/corelib/source/text/StringTools.h"
 

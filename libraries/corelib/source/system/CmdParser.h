@@ -1,6 +1,8 @@
 /// The command line of a program: what it may hold, what it holds, and the text that explains it.
 #pragma once
 
+#include "libraries/corelib/source/system/Release.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <list>
@@ -11,9 +13,6 @@
 #include <vector>
 
 namespace TarvikCorelib {
-
-inline constexpr std::string_view REL_VERSION = "7.0.0.0";
-inline constexpr std::string_view REL_REVISION = "25267";
 
 /// Specify what there may be, then `parse`, then ask. A rejected command line leaves behind what
 /// stood before the bad argument.
