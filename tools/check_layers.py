@@ -1,56 +1,44 @@
 #!/usr/bin/env python3
 """Refuses an include that goes upward, sideways or in a circle, or is not written from the root.
 
-The layers stand below, from the ground up, each with the files it holds and the layers it stands on
-directly; a layer may include from all that stands beneath it."""
+The targets, their files and what each depends on come from the list that CMake writes from the
+`DEPENDS` of the targets; a target may include from all that it depends on, directly or not. The table
+of targets in docs/architecture.md is held against the same list."""
 
 import pathlib
 import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-
-CORELIB = "libraries/corelib/source/"
-
-# Layer, the folder or file that holds it, the layers directly beneath it. The longest match counts.
-LAYERS = [
-    ("tables", "shared/library/tables/", []),
-    ("common", "shared/library/common/", ["tables"]),
-    ("handle_validation", "apps/handlechecker/validation/", ["common"]),
-    ("text", CORELIB + "text/", ["tables"]),
-    ("values", CORELIB + "values/", ["text"]),
-    ("diagnostics", CORELIB + "diagnostics/", ["values"]),
-    ("match", CORELIB + "match/", ["diagnostics"]),
-    ("process", CORELIB + "process/", ["match"]),
-    ("time", CORELIB + "time/", ["process"]),
-    ("corelib_messaging", CORELIB + "messaging/", ["time"]),
-    ("corelib_system", CORELIB + "system/", ["corelib_messaging"]),
-    ("filelib", "libraries/filelib/source/", ["corelib_system"]),
-    ("corelib_services", CORELIB + "services/", ["filelib"]),
-    ("appframe", "libraries/appframe/source/", ["corelib_services"]),
-    ("handlechecker_app", "apps/handlechecker/", ["appframe", "handle_validation"]),
-    ("HandleChecker", "apps/handlechecker/main.cpp", ["handlechecker_app"]),
-]
-
-# The sources of these lean on each other and are one target; only their headers are a chain.
-ONE_TARGET = {"text", "values", "diagnostics", "match", "process", "time"}
-
+DOCS = ROOT / "docs/architecture.md"
 PRODUCT = ("apps", "libraries", "shared")
+
+# The folders of one target whose headers are a chain, from the ground up. Files of one folder include
+# from it and from those before it.
+CHAIN_TARGET = "corelib_base"
+CHAIN = ["text", "values", "diagnostics", "match", "process", "time"]
+# Sources of that target that look back: the source, and the later header that it includes.
+BACKWARD = set()
+
 # In angle brackets too, where the path is one of ours.
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"|<(?=(?:apps|libraries|shared|test)/))([^">]+)')
+TABLE_HEADING = "## The targets"
+# A row of that table: the target, its folder, what it may include.
+ROW = re.compile(r"^\| `(\w+)` \| [^|]+ \| ([^|]+) \|$", re.MULTILINE)
 
 
-def layer_of(path):
-    held = [(len(place), name) for name, place, _ in LAYERS if path.startswith(place)]
-    return max(held)[1] if held else None
+def read_targets(path):
+    """Target to what it depends on directly, and file to its target."""
+    depends, target_of = {}, {}
+    for line in pathlib.Path(path).read_text(encoding="utf-8").splitlines():
+        name, below, files = line.split("|")
+        depends[name] = set(below.split())
+        target_of.update(dict.fromkeys(files.split(), name))
+    return depends, target_of
 
 
-def beneath():
-    """Layer to all the layers that it may include from, itself too."""
-    allowed = {}
-    for name, _, below in LAYERS:
-        allowed[name] = {name}.union(*(allowed[layer] for layer in below))
-    return allowed
+def with_all_below(name, depends):
+    return {name}.union(*(with_all_below(below, depends) for below in depends[name]))
 
 
 def product_files():
@@ -69,16 +57,22 @@ def includes_of(name):
             yield number, found.group(1)
 
 
-def fault_of(name, target, allowed):
-    if not (ROOT / target).is_file():
-        return f'"{target}" is not written from the root of the repository'
-    source, aim = layer_of(name), layer_of(target)
-    if aim is None:
-        return f'"{target}" is in no layer'
-    if name.endswith(".cpp") and source in ONE_TARGET and aim in ONE_TARGET:
-        return None
-    if aim not in allowed[source]:
-        return f'{source} must not include "{target}" of {aim}'
+def looks_back(name, aim):
+    """Whether the included file is in a later folder of the chain."""
+    folders = [pathlib.PurePath(path).parent.name for path in (name, aim)]
+    return CHAIN.index(folders[1]) > CHAIN.index(folders[0])
+
+
+def fault_of(name, aim, target_of, allowed):
+    if not (ROOT / aim).is_file():
+        return f'"{aim}" is not written from the root of the repository'
+    if aim not in target_of:
+        return f'"{aim}" is in no target'
+    if target_of[aim] not in allowed[target_of[name]]:
+        return f'{target_of[name]} must not include "{aim}" of {target_of[aim]}'
+    within = target_of[name] == target_of[aim] == CHAIN_TARGET
+    if within and looks_back(name, aim) and (name, aim) not in BACKWARD:
+        return f'"{aim}" is in a later folder of {CHAIN_TARGET}'
     return None
 
 
@@ -101,23 +95,40 @@ def circles(headers):
     return found
 
 
-def main():
-    faults, headers, allowed = [], {}, beneath()
+def source_faults(depends, target_of):
+    allowed = {name: with_all_below(name, depends) for name in depends}
+    faults, headers = [], {}
     for name in product_files():
-        if layer_of(name) is None:
-            faults.append(f"{name}:1: in no layer")
+        if name not in target_of:
+            faults.append(f"{name}:1: in no target")
             continue
         found = list(includes_of(name))
-        for number, target in found:
-            fault = fault_of(name, target, allowed)
+        for number, aim in found:
+            fault = fault_of(name, aim, target_of, allowed)
             if fault:
                 faults.append(f"{name}:{number}: {fault}")
         if name.endswith(".h"):
-            headers[name] = [target for _, target in found]
+            headers[name] = [aim for _, aim in found]
             if "#pragma once" not in (ROOT / name).read_text(encoding="utf-8"):
                 faults.append(f"{name}:1: has no #pragma once")
     faults += [f"{circle[0]}:1: a circle: " + " -> ".join(circle) for circle in circles(headers)]
-    print("\n".join(faults) if faults else f"{len(headers)} headers in their layers")
+    return faults
+
+
+def docs_faults(depends):
+    section = DOCS.read_text(encoding="utf-8").partition(TABLE_HEADING)[2].partition("\n## ")[0]
+    table = {name: set(re.findall(r"`(\w+)`", below)) for name, below in ROW.findall(section)}
+    faults = [f"the table lacks {name}" for name in depends.keys() - table.keys()]
+    faults += [f"there is no target {name}" for name in table.keys() - depends.keys()]
+    faults += [f"{name} depends on {sorted(depends[name])}, not on {sorted(table[name])}"
+               for name in depends.keys() & table.keys() if depends[name] != table[name]]
+    return [f"{DOCS.relative_to(ROOT)}: {fault}" for fault in sorted(faults)]
+
+
+def main():
+    depends, target_of = read_targets(sys.argv[1])
+    faults = source_faults(depends, target_of) + docs_faults(depends)
+    print("\n".join(faults) if faults else f"{len(target_of)} files in {len(depends)} targets")
     return 1 if faults else 0
 
 
