@@ -9,6 +9,7 @@ productPackages=(g++ cmake ninja-build libjsoncpp-dev zlib1g-dev)
 testPackages=(libgtest-dev python3)
 checkPackages=(clang clang-format clang-tidy)
 fuzzPackages=(clang libclang-rt-14-dev)
+coveragePackages=(clang llvm-14 libclang-rt-14-dev)
 benchPackages=(libbenchmark-dev)
 
 # Standard output belongs to what the caller runs in the end; all chatter goes to standard error.
