@@ -1,6 +1,7 @@
 /// Typed values, kept as text one behind the other.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -40,6 +41,10 @@ public:
         explicit ElementDef(unsigned int number);
         explicit ElementDef(long long number);
         explicit ElementDef(unsigned long long number);
+        /// Kept as `long long` and `unsigned long long`.
+        explicit ElementDef(long number) : ElementDef(static_cast<long long>(number)) {}
+        explicit ElementDef(unsigned long number)
+            : ElementDef(static_cast<unsigned long long>(number)) {}
         explicit ElementDef(double number);
         /// Line feeds and backslashes are escaped. A wide text is then kept as its bytes, four a
         /// character. A null pointer counts as an empty text.
@@ -88,7 +93,7 @@ public:
 
     /// False if the element is refused. A null pointer counts as an empty text.
     template <class Value>
-    requires std::is_arithmetic_v<Value>
+    requires std::is_arithmetic_v<Value> && std::constructible_from<ElementDef, Value>
     bool push(Value value) {
         ElementDef element(value);
         return write(element);

@@ -3,7 +3,10 @@
 
 #include "libraries/corelib/source/values/PrimitiveStream.h"
 
+#include <concepts>
 #include <string>
+#include <string_view>
+#include <type_traits>
 
 namespace TarvikCorelib {
 
@@ -45,5 +48,36 @@ private:
         return *this;
     }
 };
+
+/// Types without an operation of their own, each with the one that stands for it.
+template <class Value>
+struct WrittenAs;
+template <>
+struct WrittenAs<long> {
+    using Type = long long;
+};
+template <>
+struct WrittenAs<unsigned long> {
+    using Type = unsigned long long;
+};
+template <>
+struct WrittenAs<std::string_view> {
+    using Type = std::string;
+};
+template <>
+struct WrittenAs<std::wstring_view> {
+    using Type = std::wstring;
+};
+
+/// Writes such a value through the operation of its stand-in, so an override of that one sees it.
+/// A free function, since members would be hidden by the operations of each derived class; and it
+/// returns the stream as the type that it has, so that chains keep it.
+template <class Stream, class Value, class StandIn = typename WrittenAs<Value>::Type>
+requires std::derived_from<std::remove_reference_t<Stream>, StreamBase>
+    std::remove_reference_t<Stream>
+&operator<<(Stream&& stream, Value value) {
+    stream << static_cast<StandIn>(value);
+    return stream;
+}
 
 }  // namespace TarvikCorelib

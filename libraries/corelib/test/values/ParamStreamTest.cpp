@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -72,6 +74,20 @@ TEST(ParamStreamTest, AnElementIsStoredAsTextAndShownAsMeant) {
         EXPECT_EQ(row.element.getAsString(), row.shown) << row.name;
         EXPECT_EQ(row.element.getAsWString(), row.shownW) << row.name;
     }
+}
+
+TEST(ParamStreamTest, WhatCallersHaveAtHandIsWrittenAsItsWidestType) {
+    const std::string text = "text";
+    ParamStream stream = ParamStream()
+                         << text.size() << std::int64_t{-1} << std::uint64_t{2} << long{-3}
+                         << std::string_view("\n") << std::wstring_view(L"\n") << short{5};
+    EXPECT_TRUE(stream.push(text.size()) && stream.push(long{-3}));
+    std::string shown;
+    for (ElementDef element; stream.read(element);)
+        shown += element.getAsString() + ":" + ParamStream::mapElementType(element.type) + " ";
+    EXPECT_EQ(shown,
+              "4:uint64 -1:int64 2:uint64 -3:int64 \n:string \n:wstring 5:int32 "
+              "4:uint64 -3:int64 ");
 }
 
 TEST(ParamStreamTest, EachTypeIsReadAsItWasWritten) {
