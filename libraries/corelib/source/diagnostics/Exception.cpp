@@ -25,30 +25,30 @@ void append(std::string& out, std::wstring_view text) {
 
 }  // namespace
 
-Exception::Exception(std::string text) : message(std::move(text)) {}
+Exception::Exception(std::string_view text) : message(text) {}
 
-Exception::Exception(std::wstring text) : messageW(std::move(text)) {}
+Exception::Exception(std::wstring_view text) : messageW(text) {}
 
-Exception::Exception(std::string text, std::string location)
-    : message(std::move(text)), locations{std::move(location)} {}
+Exception::Exception(std::string_view text, std::string_view location)
+    : message(text), locations{std::string(location)} {}
 
-Exception::Exception(std::wstring text, std::string location)
-    : messageW(std::move(text)), locations{std::move(location)} {}
+Exception::Exception(std::wstring_view text, std::string_view location)
+    : messageW(text), locations{std::string(location)} {}
 
-Exception::Exception(std::string text, ParamStream params)
-    : message(std::move(text)), params(std::move(params)) {}
+Exception::Exception(std::string_view text, ParamStream params)
+    : message(text), params(std::move(params)) {}
 
-Exception::Exception(std::wstring text, ParamStream params)
-    : messageW(std::move(text)), params(std::move(params)) {}
+Exception::Exception(std::wstring_view text, ParamStream params)
+    : messageW(text), params(std::move(params)) {}
 
-Exception::Exception(std::string text, std::string location, ParamStream params)
-    : message(std::move(text)), params(std::move(params)), locations{std::move(location)} {}
+Exception::Exception(std::string_view text, std::string_view location, ParamStream params)
+    : message(text), params(std::move(params)), locations{std::string(location)} {}
 
-Exception::Exception(std::wstring text, std::string location, ParamStream params)
-    : messageW(std::move(text)), params(std::move(params)), locations{std::move(location)} {}
+Exception::Exception(std::wstring_view text, std::string_view location, ParamStream params)
+    : messageW(text), params(std::move(params)), locations{std::string(location)} {}
 
-Exception::Exception(std::string location, const Exception& inner)
-    : locations{std::move(location)} {
+Exception::Exception(std::string_view location, const Exception& inner)
+    : locations{std::string(location)} {
     contained.push_back(inner);
 }
 

@@ -22,16 +22,16 @@ namespace TarvikCorelib {
 class Exception {
 public:
     Exception() = default;
-    explicit Exception(std::string text);
-    explicit Exception(std::wstring text);
-    Exception(std::string text, std::string location);
-    Exception(std::wstring text, std::string location);
-    Exception(std::string text, ParamStream params);
-    Exception(std::wstring text, ParamStream params);
-    Exception(std::string text, std::string location, ParamStream params);
-    Exception(std::wstring text, std::string location, ParamStream params);
+    explicit Exception(std::string_view text);
+    explicit Exception(std::wstring_view text);
+    Exception(std::string_view text, std::string_view location);
+    Exception(std::wstring_view text, std::string_view location);
+    Exception(std::string_view text, ParamStream params);
+    Exception(std::wstring_view text, ParamStream params);
+    Exception(std::string_view text, std::string_view location, ParamStream params);
+    Exception(std::wstring_view text, std::string_view location, ParamStream params);
     /// A container for what a lower layer threw: it has no message of its own.
-    Exception(std::string location, const Exception& inner);
+    Exception(std::string_view location, const Exception& inner);
     Exception(const Exception&) = default;
     Exception(Exception&&) = default;
     Exception& operator=(const Exception&) = default;

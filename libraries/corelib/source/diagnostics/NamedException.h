@@ -7,7 +7,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
-#include <string>
+#include <type_traits>
 #include <utility>
 
 namespace TarvikCorelib {
@@ -23,26 +23,23 @@ struct FixedText {
     std::array<char, Size> text{};
 };
 
-template <class Text>
-concept ExceptionText =
-    std::constructible_from<Exception, Text> && !std::derived_from<Text, Exception>;
+/// What `Exception` is made from. A first argument that is an exception means a copy.
+template <class First, class... More>
+concept ExceptionArguments = std::constructible_from<Exception, First, More...> &&
+    !std::derived_from<std::remove_cvref_t<First>, Exception>;
 
 /// Each name is a type of its own, caught as such: `using Open_Failure = NamedException<FileBase,
 /// "Open_Failure">;` in `FileBase`. The owner is there so that two classes may use one name.
 ///
-/// It is made as the base is: of nothing; of a text, narrow or wide, and behind it a location,
-/// values or both; or of a location and the exception that a lower layer threw.
+/// It is made from the arguments that `Exception` takes.
 template <class Owner, FixedText Name>
 class NamedException : public Exception {
 public:
     NamedException() { setName(); }
-    template <ExceptionText Text>
-    explicit NamedException(Text text) : Exception(std::move(text)) {
-        setName();
-    }
-    template <class Text, class Second, class... Third>
-    NamedException(Text text, const Second& second, const Third&... third)
-        : Exception(std::move(text), second, third...) {
+    template <class First, class... More>
+    requires ExceptionArguments<First, More...>
+    explicit NamedException(First&& first, More&&... more)
+        : Exception(std::forward<First>(first), std::forward<More>(more)...) {
         setName();
     }
 

@@ -67,6 +67,23 @@ public:
     using Read_Failure = NamedException<Store, "Read_Failure">;
 };
 
+template <class Failure>
+void expectAnyKindOfText() {
+    const std::string text = "@a{b};";
+    const std::wstring wide = L"@a{b};";
+    const std::string location = " here";
+    for (const Failure& made :
+         {Failure("@a{b};", location), Failure(text, std::string_view(location)),
+          Failure(std::string_view(text), " here"), Failure(L"@a{b};", location),
+          Failure(wide, " here"), Failure(std::wstring_view(wide), " here", ParamStream() << 1)})
+        EXPECT_EQ(made.getMessageWithLocation(), "@a{b}; here");
+}
+
+TEST(ExceptionTest, TextsAndLocationsMayBeAnyKindOfString) {
+    expectAnyKindOfText<Exception>();
+    expectAnyKindOfText<Store::Open_Failure>();
+}
+
 TEST(ExceptionTest, AContainerShowsItsCausesBelowWithTheirNames) {
     const Store::Open_Failure cause("@open{cannot open %};", " here", ParamStream() << "x");
     const Store::Read_Failure middle(" there", cause);
