@@ -1,4 +1,4 @@
-/// The text by which an exception tells where it was thrown.
+/// The text by which an exception says where it was thrown.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,17 @@
 
 namespace TarvikCorelib {
 
+/// Process-wide. Shown in source locations unless it is 0. It is kept here, below the logger, so
+/// that exceptions thrown by what the logger itself builds on show the same revision as all others.
+/// `Logger::Revision` is its public name.
+extern std::uint32_t sourceRevision;
+
 /// " @logsrc{...};" with the file's name, without its directory, and the line; and with the
 /// revision, unless that is 0.
 std::string sourceText(std::string_view file, std::uint32_t line, std::uint32_t revision);
+
+/// The place of the call, with `sourceRevision`: `throw Open_Failure(messages::openFailure,
+/// here());`. The defaults are filled in where it is called, so pass no arguments.
+std::string here(std::string_view file = __builtin_FILE(), std::uint32_t line = __builtin_LINE());
 
 }  // namespace TarvikCorelib

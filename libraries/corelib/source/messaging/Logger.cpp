@@ -26,7 +26,7 @@ constexpr int noLevel = -1;
 }  // namespace
 
 constinit std::int32_t Logger::MainLevel = 7;
-constinit std::uint32_t Logger::Revision = 0;
+constinit std::uint32_t& Logger::Revision = sourceRevision;
 
 void Logger::log(int level, const Exception& exception) const {
     exception.forEachLogRecord([this, level](const std::string& text, const ParamStream& params) {
@@ -50,7 +50,7 @@ bool Logger::isValidDebugLevel(std::string name) {
 }
 
 std::string Logger::formatSource(std::string_view file, std::uint32_t line) {
-    return sourceText(file, line, Revision);
+    return here(file, line);
 }
 
 }  // namespace TarvikCorelib

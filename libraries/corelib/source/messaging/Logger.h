@@ -38,13 +38,14 @@ public:
     static int mapDebugLevel(std::string name);
     static bool isValidDebugLevel(std::string name);
 
-    /// The text by which an exception tells where it was thrown.
+    /// The text by which an exception says where it was thrown, for a given place.
     static std::string formatSource(std::string_view file, std::uint32_t line);
 
     /// Process-wide. The limit of all loggers.
     static std::int32_t MainLevel;
-    /// Process-wide. Shown in source locations unless it is 0.
-    static std::uint32_t Revision;
+    /// Process-wide. Shown in source locations unless it is 0. Another name for `sourceRevision`,
+    /// so that throwers below the logger show it too.
+    static std::uint32_t& Revision;
 
 private:
     std::string name = "anonymous";
