@@ -1,7 +1,6 @@
 #include "libraries/corelib/source/diagnostics/Exception.h"
 
 #include "libraries/corelib/source/diagnostics/NamedException.h"
-#include "libraries/corelib/source/diagnostics/SourceText.h"
 #include "libraries/corelib/source/diagnostics/ToString.h"
 #include "libraries/corelib/source/text/StringTools.h"
 
@@ -14,6 +13,8 @@ namespace TarvikCorelib {
 namespace {
 
 using StringTools::widen;
+using std::string_literals::operator""s;
+using std::string_view_literals::operator""sv;
 
 struct TemplateCase {
     const char* name;
@@ -33,7 +34,7 @@ constexpr auto templates = std::to_array<TemplateCase>({
     {"an at sign falls away", "a@b", "ab"},
     {"two of them open a key", "a@@b{c", "ac"},
     {"a key that never ends hides all", "@abc", ""},
-    {"a backslash before a letter stays", R"(a\b)", R"(a\b)"},
+    {"a backslash before a letter stays", R"(a\bc)", R"(a\bc)"},
     {"two are one", R"(a\\b)", R"(a\b)"},
     {"one before a brace goes and keeps the brace", R"(a\}b)", "a}b"},
     {"one at the end is lost", R"(a\)", "a"},
@@ -51,14 +52,9 @@ TEST(ExceptionTest, EveryTextPassesThroughTheTemplateReader) {
 }
 
 TEST(ExceptionTest, ATemplateIsReadBeforeItsValuesGoIn) {
-    const Exception exception(
-        "@appframe.already-running{Another instance of the \"%@%\" is already running - cannot "
-        "start another};",
-        ParamStream() << "a@"
-                      << "b}");
-    EXPECT_EQ(exception.getFullMessage(true),
-              "Exception: Another instance of the \"a@b}\" is already running - cannot start "
-              "another");
+    const Exception exception("@a{\"%@%\"};", ParamStream() << "a@"
+                                                            << "b}");
+    EXPECT_EQ(exception.getFullMessage(true), "Exception: \"a@b}\"");
 }
 
 class Store {
@@ -67,21 +63,12 @@ public:
     using Read_Failure = NamedException<Store, "Read_Failure">;
 };
 
-template <class Failure>
-void expectAnyKindOfText() {
-    const std::string text = "@a{b};";
-    const std::wstring wide = L"@a{b};";
-    const std::string location = " here";
-    for (const Failure& made :
-         {Failure("@a{b};", location), Failure(text, std::string_view(location)),
-          Failure(std::string_view(text), " here"), Failure(L"@a{b};", location),
-          Failure(wide, " here"), Failure(std::wstring_view(wide), " here", ParamStream() << 1)})
-        EXPECT_EQ(made.getMessageWithLocation(), "@a{b}; here");
-}
-
 TEST(ExceptionTest, TextsAndLocationsMayBeAnyKindOfString) {
-    expectAnyKindOfText<Exception>();
-    expectAnyKindOfText<Store::Open_Failure>();
+    using Failure = Store::Open_Failure;
+    for (const Failure& made : {Failure("a%", " here"s), Failure("a%"s, " here"sv),
+                                Failure("a%"sv, " here"), Failure(L"a%", " here"),
+                                Failure(L"a%"s, " here"), Failure(L"a%"sv, " here", ParamStream())})
+        EXPECT_EQ(made.getMessageWithLocation(), "a% here");
 }
 
 TEST(ExceptionTest, AContainerShowsItsCausesBelowWithTheirNames) {
@@ -122,9 +109,9 @@ TEST(ExceptionTest, WhatIsAddedStandsBehindABlankAndItsValuesBehindTheOthers) {
     exception.addToMessage("%", ParamStream() << 2);
     EXPECT_EQ(exception.getMessage(), "@a{x %}; y %");
     EXPECT_EQ(exception.getFullMessage(false), "x 1} y 2");
-    exception.addToMessage(L"wide %", ParamStream() << 3);
-    EXPECT_EQ(exception.getMessageW(), L" wide %");
-    EXPECT_EQ(exception.getFullMessageW(false), L" wide 1");
+    exception.addToMessage(L"wide %%%", ParamStream() << 3);
+    EXPECT_EQ(exception.getMessageW(), L" wide %%%");
+    EXPECT_EQ(exception.getFullMessageW(false), L" wide 123");
 }
 
 TEST(ExceptionTest, ALogTellsTheInnermostCauseFirst) {
@@ -146,11 +133,6 @@ TEST(ExceptionTest, AnErrorNumberComesWithTheTextOfTheSystem) {
     EXPECT_EQ(ToString::fromErrno(2), "errno=2: No such file or directory");
     EXPECT_EQ(ToString::fromErrno(99999), "errno=99999: Unknown error 99999");
     EXPECT_EQ(ToString::fromInt(std::numeric_limits<long long>::min()), "-9223372036854775808");
-}
-
-TEST(ExceptionTest, ALocationNamesTheFileAndARevisionOtherThanZero) {
-    EXPECT_EQ(sourceText("a/b/c", 7, 0), " @logsrc{file=\"c\" line=7};");
-    EXPECT_EQ(sourceText("c", 7, 12), " @logsrc{file=\"c\" line=7 rev=12};");
 }
 
 }  // namespace

@@ -85,6 +85,7 @@ constexpr auto outOfBounds = "Find_OutOfBounds:";
 const auto finds = std::to_array<FindCase>({
     {"abcabc", 0, all, {{"a*c", "0+3"}, {"a*c*", "0+6"}, {"**", "0+6"}, {"*b", "0+2"}}},
     {"abcabc", 0, all, {{"c?", "2+2"}, {"??", "0+2"}, {"", notFound}, {"b*d", notFound}}},
+    {"abcabc", 3, all, {{"*?", "3+1"}, {"*?*", "3+3"}}},
     {"abcabc", 2, 3, {{"b*", "4+1"}, {"?*", "2+3"}, {"b?", notFound}, {"abc", notFound}}},
     {"aacaxb", 0, all, {{"a?b", "3+3"}, {"aa*a", "0+4"}, {"a?a", "1+3"}, {"ac", "1+2"}}},
     {"abc", 3, all, {{"a", outOfBounds}, {"", outOfBounds}}},

@@ -39,7 +39,9 @@ TEST_F(GlobalDataTest, TheFirstStopWins) {
         EXPECT_EQ(reason, "first") << row.name;
         EXPECT_EQ(GlobalData::SCode, row.code) << row.name;
         EXPECT_EQ(GlobalData::Signal, 0) << "the number of a signal is not stored";
+        GlobalData::Signal = 15;
         GlobalData::reset();
+        EXPECT_EQ(GlobalData::SReason, "") << row.name;
     }
 }
 
@@ -48,6 +50,7 @@ TEST_F(GlobalDataTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {
     GlobalData::reset();
     const char* memory = GlobalData::SReason.data();
     const std::size_t capacity = GlobalData::SReason.capacity();
+    EXPECT_GE(capacity, 256U);
     GlobalData::setSignal(15, std::string(capacity + 1, 'x'));
     EXPECT_EQ(GlobalData::SReason, std::string(capacity, 'x'));
     EXPECT_EQ(GlobalData::SReason.data(), memory);

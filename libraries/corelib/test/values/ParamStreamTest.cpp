@@ -15,6 +15,7 @@ namespace TarvikCorelib {
 namespace {
 
 using StringTools::widen;
+using std::string_view_literals::operator""sv;
 using ElementDef = ParamStream::ElementDef;
 
 struct FormatCase {
@@ -61,6 +62,7 @@ const auto elements = std::to_array<ElementCase>({
     {"wide char", ElementDef(L'\u20ac'), 13, "8364", "\xac", L"\u20ac"},
     {"text", ElementDef("a\n\\\xe9"), 9, "a\\n\\\\\xe9", "a\n\\\xe9", L"a\n\\\u00e9"},
     {"wide", ElementDef(L"\n"), 10, std::string("\\\0\0\0n\0\0\0", 8), "\n", L"\n"},
+    {"euro", ElementDef(L"\u20ac"), 10, {"\xac\x20\0\0", 4}, "\xac", L"\u20ac"},
     {"shared", ElementDef(SharedString(std::string("\n"))), 9, "\\n", "\n", L"\n"},
     {"shared wide", ElementDef(SharedString(std::wstring(L"a"))), 10, {"a\0\0\0", 4}, "a", L"a"},
     {"null pointer", ElementDef(static_cast<const char*>(nullptr)), 9, "", "", L""},
@@ -76,18 +78,15 @@ TEST(ParamStreamTest, AnElementIsStoredAsTextAndShownAsMeant) {
     }
 }
 
-TEST(ParamStreamTest, WhatCallersHaveAtHandIsWrittenAsItsWidestType) {
-    const std::string text = "text";
+TEST(ParamStreamTest, SizesAndViewsAreWrittenAsTheWidestTypeOfTheirKind) {
     ParamStream stream = ParamStream()
-                         << text.size() << std::int64_t{-1} << std::uint64_t{2} << long{-3}
-                         << std::string_view("\n") << std::wstring_view(L"\n") << short{5};
-    EXPECT_TRUE(stream.push(text.size()) && stream.push(long{-3}));
-    std::string shown;
+                         << sizeof 'c' << std::int64_t{-1} << std::string_view("\n") << L"\n"sv;
+    EXPECT_TRUE(stream.push(sizeof 'c') && stream.push(long{-3}));
+    std::string types;
     for (ElementDef element; stream.read(element);)
-        shown += element.getAsString() + ":" + ParamStream::mapElementType(element.type) + " ";
-    EXPECT_EQ(shown,
-              "4:uint64 -1:int64 2:uint64 -3:int64 \n:string \n:wstring 5:int32 "
-              "4:uint64 -3:int64 ");
+        types += ParamStream::mapElementType(element.type) + " ";
+    EXPECT_EQ(types, "uint64 int64 string wstring uint64 int64 ");
+    EXPECT_EQ(stream.format("%,%,%,%,%,%"), "1,-1,\n,\n,1,-3");
 }
 
 TEST(ParamStreamTest, EachTypeIsReadAsItWasWritten) {
@@ -105,8 +104,10 @@ TEST(ParamStreamTest, AnElementOfAnotherTypeIsTakenOffAndChangesNothing) {
     ParamStream stream = ParamStream() << 5;
     char c = 'c';
     int number = 7;
-    stream >> c >> number;
+    SharedString text(std::string("text"));
+    (stream << 6) >> c >> text >> number;
     EXPECT_EQ(c, 'c');
+    EXPECT_EQ(text.get(), "text");
     EXPECT_EQ(number, 7);
 }
 
@@ -116,6 +117,19 @@ TEST(ParamStreamTest, ASharedStringTakesANarrowTextAsItIsStored) {
     ParamStream() << "a\n" << L"a\n" >> narrow >> wide;
     EXPECT_EQ(narrow.get(), "a\\n");
     EXPECT_EQ(wide.getW(), L"a\n");
+}
+
+class MarkingStream : public ParamStream {
+public:
+    void escape(std::string& text) override { text += "!"; }
+    void escape(std::wstring& text) override { text += L"!"; }
+};
+
+TEST(ParamStreamTest, OnlyPushCallsTheHookThatEncodesTexts) {
+    MarkingStream stream;
+    EXPECT_TRUE(stream.push("a") && stream.push(SharedString(std::wstring(L"b"))));
+    stream << "c";
+    EXPECT_EQ(stream.format("%%%"), "a!b!c");
 }
 
 TEST(ParamStreamTest, BytesThatMakeNoWholeWideCharacterAreDropped) {
@@ -152,14 +166,24 @@ TEST(ParamStreamTest, CopiesAndMovedStreamsAreReadFromTheirFirstElementOn) {
     EXPECT_EQ(stream.getNext(), "1");
     ParamStream copy(stream);
     EXPECT_EQ(copy.getNext(), "1");
+    copy = stream;
+    EXPECT_EQ(copy.getNext(), "1");
     ParamStream moved(std::move(stream));
     EXPECT_EQ(moved.getNext(), "1");
-    stream = std::move(moved);
-    EXPECT_EQ(stream.getNext(), "1");
-    EXPECT_EQ((moved << 4).getNext(), "4");  // NOLINT: it is empty and can be used, as promised.
+    copy = std::move(moved);
+    EXPECT_EQ(copy.getNext(), "1");
+    ParamStream& self = copy;
+    copy = std::move(self);
+    EXPECT_EQ(copy.getNext(), "2");
+    EXPECT_EQ(moved.getNext(), "");  // NOLINT: it is empty and can be used, as promised.
+    EXPECT_EQ((moved << 4).getNext(), "4");
 }
 
 TEST(ParamStreamTest, OnlyTheExactNameGivesItsType) {
+    std::string names;
+    for (int type = 0; type < ParamStream::UndefinedElement; ++type)
+        names += ParamStream::mapElementType(static_cast<ParamStream::ElementType>(type)) + " ";
+    EXPECT_EQ(names, "bool   int32 uint32 int64 uint64 double time string wstring  char wchar ");
     EXPECT_EQ(ParamStream::mapElementType("uint64"), ParamStream::UInt64Element);
     EXPECT_EQ(ParamStream::mapElementType(L"wchar"), ParamStream::WCharElement);
     for (const char* const name : {"nonsense", "BOOL", "int", ""})

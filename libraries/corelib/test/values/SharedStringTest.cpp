@@ -32,6 +32,7 @@ void expectReuse(const Bank& bank, const Char* text, const Char* other) {
     last.set(std::basic_string<Char>(text));
     EXPECT_EQ(bank.size(), 2U);
     EXPECT_EQ(*bank[1].text, text);
+    EXPECT_TRUE(b.isEmpty());
 }
 
 TEST(SharedStringTest, ANewTextTakesTheIndexFreedLast) {
@@ -53,6 +54,28 @@ TEST(SharedStringTest, AValueMayBeSetToItsOwnText) {
     SharedString value = shared("a text too long to be kept in place");
     value.set(value.get());
     EXPECT_EQ(value.get(), "a text too long to be kept in place");
+    const SharedString& self = value;
+    value = self;
+    EXPECT_EQ(value.get(), "a text too long to be kept in place");
+}
+
+TEST(SharedStringTest, ATextLivesAsLongAsAnyValueWithIt) {
+    SharedString::clearAll();
+    SharedString first = shared("a");
+    SharedString second = shared("a");
+    first.clear();
+    EXPECT_EQ(second.get(), "a");
+    SharedString wide = shared(L"abc");
+    first = wide;
+    wide = second;
+    second.clear();
+    EXPECT_EQ(first.getW(), L"abc");
+    EXPECT_EQ(first.getLength(), 3U);
+    EXPECT_EQ(wide.get(), "a");
+    wide = first;
+    EXPECT_TRUE(SharedString::StringMap().empty());
+    SharedString::clearAll();
+    EXPECT_TRUE(first.isEmpty() && SharedString::StringMapW().empty());
 }
 
 TEST(SharedStringTest, ValuesFromBeforeClearAllStayApartFromLaterTexts) {
