@@ -7,8 +7,8 @@ namespace TarvikCorelib {
 
 namespace {
 
-// A backslash shields what follows it, another backslash too. So of those in front of a character,
-// the last one counts if there is an odd number of them.
+// A backslash shields the character after it, which may be another backslash. So a character is
+// shielded if an odd number of backslashes precedes it.
 template <class Char>
 bool isShielded(std::basic_string_view<Char> text, std::size_t at) {
     const auto other = text.substr(0, at).find_last_not_of(Char{'\\'});
@@ -21,7 +21,7 @@ bool isShielded(std::basic_string_view<Char> text, std::size_t at) {
 ParamStream::ParamStream(const ParamStream& other)
     : StreamBase(other), elements(other.elements), cursor(elements.begin()) {}
 
-// A list that was moved keeps its elements, but has an end of its own: the cursor starts anew.
+// Swapping moves the elements but not the end of the list, so the cursor is set anew.
 ParamStream::ParamStream(ParamStream&& other) noexcept {
     *this = std::move(other);
 }
@@ -81,6 +81,8 @@ ParamStream& ParamStream::put(ElementDef element) {
     return *this;
 }
 
+// Looks only at the `%`: the text between two of them is copied in one piece, backslashes included.
+// Each `%` looks back over the backslashes right before it, so the whole stays linear.
 template <class Char>
 std::basic_string<Char> ParamStream::fill(std::basic_string_view<Char> text,
                                           std::basic_string<Char> (ParamStream::*next)()) {

@@ -9,41 +9,49 @@
 
 namespace TarvikCorelib {
 
-/// A list of values with a cursor, at which they are read. Belongs to one thread.
+/// A list of typed values with a read cursor. Belongs to one thread.
+///
+/// The elements are in a `std::list`, so the cursor, an iterator, stays valid while more are
+/// written. "Nothing left to read" is the end of the list, and each list has its own end: that is
+/// why copies and moves are written by hand and set the cursor anew. Copying is common, since each
+/// exception holds a stream by value; it costs one allocation an element, and more for long texts.
 class ParamStream : public StreamBase {
 public:
     ParamStream() = default;
-    /// A copy is read from its first element on. What was moved from is empty and can be used.
+    /// A copy starts at its first element, wherever the cursor of the original is. A stream that
+    /// was moved from is empty and can be used again.
     ParamStream(const ParamStream& other);
     ParamStream(ParamStream&& other) noexcept;
     ParamStream& operator=(const ParamStream& other);
     ParamStream& operator=(ParamStream&& other) noexcept;
     ~ParamStream() override = default;
 
-    /// The element at the cursor, which moves on.
+    /// Copies the element at the cursor and moves the cursor on. The element stays in the list.
     bool read(ElementDef& element) override;
-    /// Appends. Refuses an undefined element, and an empty value unless it is a text.
+    /// Appends a copy. Refuses an undefined element, and an empty value unless it is a text. The
+    /// first element written to an empty stream gets the cursor.
     ///
-    /// The first element of all gets the cursor. Later on a cursor at the end stays there, on
-    /// purpose: what is written behind the last element read is not read, but formatted.
+    /// Quirk: a cursor at the end stays there. Elements written after everything has been read are
+    /// formatted, but never read.
     bool write(ElementDef& element) override;
-    /// Appends copies of all elements. Never moves the cursor, on purpose: one on the end of an
-    /// empty stream stays there.
+    /// Appends copies of all elements of the other stream, which may be this one.
+    /// Quirk: never moves the cursor, not even in an empty stream, where it stays at the end.
     void concatenate(const ParamStream& other);
 
-    /// The next element for display, or an empty text at the end.
+    /// Moves the cursor on and returns the element for display, or an empty text at the end.
     std::string getNext();
     std::wstring getNextW();
 
-    /// Fills a template with the elements, from the first one on, and leaves the cursor behind the
+    /// Fills a template with the elements, from the first one on, and leaves the cursor after the
     /// last one used.
     ///
-    /// Each `%` takes the next element; once they are used up it gives nothing, and elements that
-    /// are left over are ignored. A backslash shields the character behind it and stays. With no
-    /// elements at all the text is returned as it is, `%` included.
+    /// Each `%` is replaced by the next element, or by nothing once they are used up. Elements left
+    /// over are ignored. A backslash shields the next character and is kept itself. With no
+    /// elements at all the text is returned unchanged, `%` included.
     [[nodiscard]] std::string format(std::string_view text);
     [[nodiscard]] std::wstring format(std::wstring_view text);
 
+    // As in `StreamBase`, but they return this type, so a chain can initialise a `ParamStream`.
     ParamStream& operator<<(bool flag) override { return put(ElementDef(flag)); }
     ParamStream& operator<<(char c) override { return put(ElementDef(c)); }
     ParamStream& operator<<(wchar_t c) override { return put(ElementDef(c)); }

@@ -15,6 +15,17 @@ namespace {
 using ElementType = PrimitiveStream::ElementType;
 using ElementDef = PrimitiveStream::ElementDef;
 
+// How values are encoded. What `ElementDef` writes, the `parse` functions below read:
+//
+//   flag         "1" or "0"
+//   character    its code in decimal
+//   number       decimal
+//   narrow text  escaped: a line feed as "\n", a backslash doubled
+//   wide text    escaped in the same way, and then its bytes as they are in memory
+//
+// Each `parse` is an overload on the type of the target, so that a type costs a constructor, a
+// `parse` and a `get`.
+
 struct TypeName {
     std::string_view name;
     ElementType type;
@@ -68,7 +79,7 @@ std::string bytesOf(const std::wstring& text) {
     return bytes;
 }
 
-// Bytes at the end that make no whole character are dropped.
+// Drops bytes at the end that are not a whole character.
 std::wstring fromBytes(const std::string& bytes) {
     std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
     std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
@@ -79,6 +90,7 @@ void parse(const std::string& text, bool& value) {
     value = StringTools::toBool(text);
 }
 
+// Codes are signed and fit 16 bits; the cast brings back bytes from 0x80 up.
 void parse(const std::string& text, char& value) {
     value = static_cast<char>(StringTools::toInt16(text));
 }
@@ -115,6 +127,7 @@ void parse(const std::string& text, std::wstring& value) {
     value = unescaped<wchar_t>(fromBytes(text));
 }
 
+// Compares the type first, so that a target of another type is never touched.
 template <class Value>
 bool getAs(ElementType type, const ElementDef& element, Value& target) {
     if (element.type != type) return false;
@@ -225,6 +238,7 @@ std::string PrimitiveStream::ElementDef::getAsString() const {
     case WStringElement: return StringTools::convert(parsed<std::wstring>(*this));
     case CharElement: return {parsed<char>(*this)};
     case WCharElement: return StringTools::convert(std::wstring(1, parsed<wchar_t>(*this)));
+    // The numbers, which are stored as they are shown; times and undefined elements show nothing.
     default: return type > BoolElement && type < TimeElement ? value : std::string();
     }
 }
@@ -273,6 +287,7 @@ PrimitiveStream::ElementType PrimitiveStream::mapElementType(std::wstring_view n
     return typeOf(name);
 }
 
+// The hook encodes a copy, since the caller keeps the text; then `ElementDef` escapes as always.
 template <class Char>
 bool PrimitiveStream::pushText(std::basic_string_view<Char> text) {
     std::basic_string<Char> encoded(text);

@@ -1,4 +1,4 @@
-/// Typed values, kept as text one behind the other.
+/// Typed values that are kept as text, one after the other.
 #pragma once
 
 #include <concepts>
@@ -11,10 +11,16 @@ namespace TarvikCorelib {
 
 class SharedString;
 
-/// Turns values into elements and back. Where the elements go is up to the derived class.
+/// Turns values into elements and back. The derived class decides where the elements go.
+///
+/// An element is a type and a text. Text rather than a union of values, because a message shows
+/// its values, a log stores them and a wire carries them: all three want text, and conversion back
+/// is rare. The type is kept beside it, so that a read of the wrong type fails instead of guessing.
+/// It costs a number conversion for each value written.
 class PrimitiveStream {
 public:
-    /// What an element holds. The numbers are stored.
+    /// The type of an element. The numbers are stored and sent, so they never change; 1, 2 and 11
+    /// are unused. `ParamStream` accepts the types below `UndefinedElement`.
     enum ElementType : std::int32_t {
         BoolElement = 0,
         Int32Element = 3,
@@ -30,11 +36,12 @@ public:
         UndefinedElement = 14,
     };
 
-    /// One value. As text it has no line feed, unless it is a wide one.
+    /// One value. Line feeds are escaped, so a narrow value takes one line wherever it is stored.
+    /// The bytes of a wide text may hold a line feed and zero bytes.
     struct ElementDef {
         ElementDef() = default;
         explicit ElementDef(bool flag);
-        /// Characters are kept by their number.
+        /// Characters are kept as their decimal code; a `char` is signed, so 0xE9 is "-23".
         explicit ElementDef(char c);
         explicit ElementDef(wchar_t c);
         explicit ElementDef(int number);
@@ -46,15 +53,15 @@ public:
         explicit ElementDef(unsigned long number)
             : ElementDef(static_cast<unsigned long long>(number)) {}
         explicit ElementDef(double number);
-        /// Line feeds and backslashes are escaped. A wide text is then kept as its bytes, four a
-        /// character. A null pointer counts as an empty text.
+        /// Line feeds become `\n`, and backslashes are doubled. A wide text is then kept as its
+        /// bytes in memory order, four a character. A null pointer stands for an empty text.
         explicit ElementDef(const char* text);
         explicit ElementDef(const wchar_t* text);
         explicit ElementDef(std::string_view text);
         explicit ElementDef(std::wstring_view text);
         explicit ElementDef(const SharedString& text);
 
-        /// False if the element is of another type: the target is left unchanged.
+        /// Returns false and leaves the target unchanged if the element is of another type.
         bool get(bool& target) const;
         bool get(char& target) const;
         bool get(wchar_t& target) const;
@@ -65,12 +72,14 @@ public:
         bool get(double& target) const;
         bool get(std::string& target) const;
         bool get(std::wstring& target) const;
-        /// Takes narrow and wide texts. A narrow one stays escaped, on purpose.
+        /// Reads narrow and wide texts.
+        /// Quirk: a narrow text stays escaped, a wide one does not.
         bool get(SharedString& target) const;
 
-        /// The value for display: flags as "true" and "false", texts with their line feeds.
+        /// The value for display: flags as "true" and "false", texts with their line feeds. Wide
+        /// texts are converted by the process locale. Empty for an undefined element.
         [[nodiscard]] std::string getAsString() const;
-        /// Never fails: what is narrow is widened byte by byte.
+        /// The same in wide characters. Narrow texts are widened byte by byte, so it never fails.
         [[nodiscard]] std::wstring getAsWString() const;
 
         ElementType type = UndefinedElement;
@@ -79,19 +88,21 @@ public:
 
     virtual ~PrimitiveStream() = default;
 
-    /// Takes the next element off. False, and nothing is changed, if there is none.
+    /// Takes the next element. Returns false and changes nothing if there is none.
     virtual bool read(ElementDef& element) = 0;
-    /// False if the element is refused.
+    /// Adds an element. Returns false if it is refused.
     virtual bool write(ElementDef& element) = 0;
 
-    /// For derived classes that encode texts: `push` calls `escape` on a copy of the text before it
-    /// makes the element. Nothing here calls `unescape`.
+    /// Hooks for derived classes that encode texts for a wire: `push` calls `escape` on a copy of
+    /// the text and makes the element from the result. `<<` does not call it, and nothing here
+    /// calls `unescape`: whoever overrides them decides when to decode.
     virtual void escape(std::string& /*text*/) {}
     virtual void escape(std::wstring& /*text*/) {}
     virtual void unescape(std::string& /*text*/) {}
     virtual void unescape(std::wstring& /*text*/) {}
 
-    /// False if the element is refused. A null pointer counts as an empty text.
+    /// Writes a value as an element. Returns false if it is refused. Numbers of any type that an
+    /// element can hold are accepted; a null pointer stands for an empty text.
     template <class Value>
     requires std::is_arithmetic_v<Value> && std::constructible_from<ElementDef, Value>
     bool push(Value value) {
@@ -104,16 +115,17 @@ public:
     bool push(std::wstring_view text);
     bool push(const SharedString& text);
 
-    /// For each type that `ElementDef::get` knows. False if there is no element or one of another
-    /// type, which is taken off all the same.
+    /// Reads the next element into any type that `ElementDef::get` takes. Returns false and leaves
+    /// the target unchanged if there is no element, or one of another type.
+    /// Quirk: an element of another type is consumed all the same.
     template <class Value>
     bool pull(Value& target) {
         ElementDef element;
         return read(element) && element.get(target);
     }
 
-    /// The name of a type, empty for `UndefinedElement`, and the type of a name, or
-    /// `UndefinedElement`.
+    /// The name of a type, such as "int32"; empty for `UndefinedElement`. And the reverse: the type
+    /// of exactly this name, case included, or `UndefinedElement`.
     static std::string mapElementType(ElementType type);
     static std::wstring mapElementTypeW(ElementType type);
     static ElementType mapElementType(std::string_view name);

@@ -9,30 +9,40 @@ namespace TarvikCorelib {
 
 namespace {
 
-// All that is stored of one kind.
+// All texts of one kind.
+//
+// A value holds an index into `strings`; `indices` finds the index of a text. So setting a value
+// costs a search in a sorted map, and reading or copying one costs an array access. The map points
+// to the texts in the records, so that each is stored once; a text is owned by its record and keeps
+// its address when the vector grows. A record whose last value is gone keeps its place, since other
+// indices must not move: its index goes to the front of `free` and is the next to be used.
+//
+// `clear` cannot reach the values that exist. It moves `firstIndex` past all indices in use
+// instead, so that a value from before it is recognised by its low index and counts as empty.
 template <class Text>
 struct Bank {
     using StringPointer = SharedString::StringPointer<Text>;
 
-    // Null if there is no text at the index.
+    // Null if the index is out of range, from before `clear`, or free.
     StringPointer* find(std::size_t index);
-    // Counts one more value with this text and returns its index.
+    // Returns the index of the text, stored now if it is new, and counts one more reference.
     std::size_t intern(const Text& text);
+    // Both do nothing for an index without a text, so empty values need no test of their own.
     void retain(std::size_t index);
     void release(std::size_t index);
     void clear();
 
     std::vector<StringPointer> strings;
     SharedString::Index<Text> indices;
-    std::list<std::size_t> free;  // Taken and given back at the front.
-    std::size_t firstIndex = 0;   // The one of the first string: all below are from before `clear`.
+    std::list<std::size_t> free;  // Last in, first out, at the front.
+    std::size_t firstIndex = 0;   // Of `strings[0]`. Lower indices are from before `clear`.
     const Text none;
 
 private:
     std::size_t takeIndex();
 };
 
-// Never destroyed, since static values may be destroyed after any other object.
+// Never destroyed: static values of other files may be destroyed after any static of this one.
 template <class Text>
 Bank<Text>& bankOf() {
     static Bank<Text>& bank = *std::make_unique<Bank<Text>>().release();
@@ -93,6 +103,7 @@ void Bank<Text>::clear() {
     free.clear();
 }
 
+// The traits compare bytes as unsigned and wide characters by their code.
 template <class Text>
 int compareTexts(const Text& a, const Text& b) {
     using Limits = std::numeric_limits<int>;

@@ -11,10 +11,13 @@
 
 namespace TarvikCorelib {
 
-/// A reference to a text, narrow or wide, in the banks of the process, of which each kind has one.
-/// Equal texts of a kind share one copy, which goes with the last value that refers to it.
+/// A reference to a text in a bank, which holds each text once. There is one bank for narrow texts
+/// and one for wide ones, both process-wide. A text is freed with the last value that refers to it.
 ///
-/// The banks have no lock: values belong to one thread, or to code that takes turns.
+/// A value is three numbers: the kind, the index of the text in its bank and the length. Copying
+/// it counts one more reference and never copies the text. Setting it searches the bank.
+///
+/// The banks have no lock: use values on one thread, or guard them with a lock of your own.
 class SharedString {
 public:
     /// Empty: it holds no text, which is not the same as holding an empty text.
@@ -27,38 +30,40 @@ public:
     SharedString& operator=(const std::wstring& text);
     virtual ~SharedString();
 
-    /// May be given the value's own text.
+    /// Accepts the value's own text, as `get` returns it.
     void set(const std::string& text);
     void set(const std::wstring& text);
+    /// Makes the value empty, and frees the text if no other value refers to it.
     void clear();
 
-    /// The text, or an empty one if the value is empty or of the other kind. The reference holds
-    /// until the last value with this text is changed or destroyed, or all are cleared.
+    /// The text, or an empty one if the value is empty or of the other kind. The reference stays
+    /// valid until the last value with this text changes or is destroyed, or until `clearAll`.
     [[nodiscard]] const std::string& get() const;
     [[nodiscard]] const std::wstring& getW() const;
 
     [[nodiscard]] bool isEmpty() const;
-    /// False for an empty value.
+    /// Whether it holds a wide text. False for an empty value.
     [[nodiscard]] bool isWide() const { return wide && !isEmpty(); }
-    /// In characters.
+    /// In characters; 0 for an empty value.
     [[nodiscard]] std::size_t getLength() const { return isEmpty() ? 0 : length; }
 
-    /// Negative, 0 or positive: empty values come first, then narrow ones, then wide ones. Of two
-    /// texts with one beginning the result is the difference of their lengths.
+    /// Negative, 0 or positive: empty values come first, then narrow ones, then wide ones. Narrow
+    /// texts compare as unsigned bytes. If one text begins with the other, the result is the
+    /// difference of their lengths, limited to the range of `int`.
     [[nodiscard]] int compare(const SharedString& other) const;
 
-    /// Drops all texts. The values that there are become empty; they can be set anew.
+    /// Drops all texts. Existing values become empty and can be set again.
     static void clearAll();
 
-    /// A text and how many values refer to it. Without a text it waits to be used again.
+    /// A text and the number of values that refer to it. Without a text the record is free.
     template <class Text>
     struct StringPointer {
         std::unique_ptr<const Text> text;
         std::uint32_t count = 0;
     };
 
-    /// Compares the texts pointed at.
-    struct less_ptr {  // NOLINT(readability-identifier-naming): called so by all that use it.
+    /// Orders pointers by the texts they point to.
+    struct less_ptr {  // NOLINT(readability-identifier-naming): callers know it by this name.
         template <class Text>
         bool operator()(const Text* a, const Text* b) const {
             return *a < *b;
@@ -68,25 +73,27 @@ public:
     template <class Text>
     using Index = std::map<const Text*, std::size_t, less_ptr>;
 
-    // NOLINTBEGIN(readability-identifier-naming): the names of the statics behind these.
-    /// Process-wide. All texts.
+    // NOLINTBEGIN(readability-identifier-naming): accessors keep the names of their statics.
+    /// Process-wide. All texts of a kind, free records included.
     static const std::vector<StringPointer<std::string>>& StringBank();
     static const std::vector<StringPointer<std::wstring>>& StringBankW();
-    /// Process-wide. The index of each text. Indices are those of the bank, but run on through
-    /// `clearAll`, so that values from before it never meet a text from after it.
+    /// Process-wide. The index of each text. After a `clearAll` indices do not start at 0 again but
+    /// go on, so that a value from before it never refers to a text from after it.
     static const Index<std::string>& StringMap();
     static const Index<std::wstring>& StringMapW();
-    /// Process-wide. The indices that wait to be used again, the next one in front.
+    /// Process-wide. The indices of free records, the next one to use in front.
     static const std::list<std::size_t>& Free();
     static const std::list<std::size_t>& FreeW();
     // NOLINTEND(readability-identifier-naming)
-    /// Process-wide. What an empty value gives.
+    /// Process-wide. The text of an empty value.
     static const std::string& nstring();
     static const std::wstring& nwstring();
 
 private:
+    /// Beyond any bank, so looking it up finds nothing.
     static constexpr auto NoIndex = static_cast<std::size_t>(-1);
 
+    /// The text, or null if the value is empty, of the other kind, or from before a `clearAll`.
     template <class Text>
     [[nodiscard]] const Text* stored() const;
     template <class Text>

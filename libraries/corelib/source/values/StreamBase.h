@@ -10,8 +10,13 @@
 
 namespace TarvikCorelib {
 
-/// `<<` writes an element, without a call of `escape`; `>>` takes one off. Both stay silent where
-/// that fails, and then `>>` leaves its target unchanged.
+/// `<<` writes an element, `>>` reads one. Neither reports a failure: a refused element is dropped,
+/// and `>>` leaves its target unchanged if there is no element or one of another type, which it
+/// consumes. Use `push` and `pull` where the result matters.
+///
+/// `<<` does not call the `escape` hook, so texts reach a derived class as they are. The order of
+/// the operations is that of their slots in the table of virtual functions: programs built against
+/// this class rely on it, so new ones are added as free functions, as below.
 class StreamBase : public PrimitiveStream {
 public:
     virtual StreamBase& operator<<(bool flag) { return put(ElementDef(flag)); }

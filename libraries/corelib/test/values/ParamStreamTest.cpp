@@ -29,7 +29,7 @@ constexpr auto formats = std::to_array<FormatCase>({
     {"one beside the other", "%%", "1a"},
     {"a shielded one takes no value", R"(100\%, %)", R"(100\%, 1)"},
     {"a shielded backslash shields nothing", R"(\\%\\\%)", R"(\\1\\\%)"},
-    {"a backslash behind a value", R"(%\%%\)", R"(1\%a\)"},
+    {"a backslash after a value", R"(%\%%\)", R"(1\%a\)"},
     {"values left over are ignored", "", ""},
 });
 
