@@ -1,4 +1,4 @@
-// Any text as a message, with any values: the text of an exception, narrow and wide.
+// Feeds any text and values to an exception and checks what it shows, narrow and wide.
 
 #include "libraries/corelib/source/diagnostics/Exception.h"
 #include "libraries/corelib/source/diagnostics/TemplateReader.h"
@@ -15,7 +15,7 @@ using TarvikCorelib::Exception;
 using TarvikCorelib::ParamStream;
 using TarvikCorelib::StringTools::widen;
 
-// A character at a time, as a reader of the format would do it by hand.
+// Fills a template one character at a time, without a search, as the plainest reader would.
 std::string plainFormat(std::string_view text, const std::vector<std::string>& values) {
     if (values.empty()) return std::string(text);
     std::string result;
@@ -45,7 +45,7 @@ void checkChain(const Exception& cause, const std::string& text) {
 
 }  // namespace
 
-// The message, and then the values, with zero bytes between them.
+// Input: the message and then the values, separated by zero bytes.
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer calls it so.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Feed feed(data, size);

@@ -1,4 +1,4 @@
-/// Templates of failures that no class owns.
+/// Message templates of failures that no class owns.
 #pragma once
 
 #include <string_view>
@@ -6,7 +6,7 @@
 namespace TarvikCorelib::messages {
 
 inline constexpr std::string_view outOfMemory = "@out-of-memory{Out of memory};";
-/// For what was thrown under a type that nobody knows.
+/// For something thrown that is of no known type.
 inline constexpr std::string_view unknownException = "@unknown-exception{Unknown exception};";
 
 }  // namespace TarvikCorelib::messages

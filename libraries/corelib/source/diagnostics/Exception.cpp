@@ -11,6 +11,11 @@ namespace TarvikCorelib {
 
 namespace {
 
+// Each message is kept in the width in which it was thrown, and converted when the other is read:
+// most are narrow and are read as such, so nothing is converted at all. `appendFullMessage` is one
+// template for both widths. It changes over where an exception has a message of the other width
+// only, and converts what that one and its causes give.
+
 void append(std::string& out, std::string_view text) {
     out += text;
 }
@@ -143,7 +148,7 @@ void Exception::appendFullMessage(std::basic_string<Char>& out, bool withName) c
     using Other = std::conditional_t<std::is_same_v<Char, char>, wchar_t, char>;
     const std::basic_string<Char>& own = messageIn<Char>();
     if (own.empty() && !messageIn<Other>().empty()) {
-        // A message of the other width always comes with the name, on purpose.
+        // Quirk: a message of the other width always comes with the name.
         std::basic_string<Other> text;
         appendFullMessage(text, true);
         append(out, text);
@@ -153,7 +158,7 @@ void Exception::appendFullMessage(std::basic_string<Char>& out, bool withName) c
     if (withName) append(out, name + ":");
     if (!own.empty()) {
         if (withName) out += Char{' '};
-        ParamStream values = params;
+        ParamStream values = params;  // A copy, since formatting moves the cursor.
         out += values.format(readTemplate(own));
     }
     for (const Exception& inner : contained) {

@@ -1,4 +1,4 @@
-/// Makes an exception class out of a name.
+/// Makes an exception class from a name.
 #pragma once
 
 #include "libraries/corelib/source/diagnostics/Exception.h"
@@ -12,7 +12,7 @@
 
 namespace TarvikCorelib {
 
-/// A string literal as a template argument.
+/// A string literal as a template argument, which must be a class with public data only.
 template <std::size_t Size>
 struct FixedText {
     // NOLINTNEXTLINE(google-explicit-constructor, modernize-avoid-c-arrays): literals convert.
@@ -23,15 +23,16 @@ struct FixedText {
     std::array<char, Size> text{};
 };
 
-/// What `Exception` is made from. A first argument that is an exception means a copy.
+/// The arguments that `Exception` takes, except those of a copy: if the first one is an exception,
+/// the copy constructor is meant, and a template must not take precedence over it.
 template <class First, class... More>
 concept ExceptionArguments = std::constructible_from<Exception, First, More...> &&
     !std::derived_from<std::remove_cvref_t<First>, Exception>;
 
-/// Each name is a type of its own, caught as such: `using Open_Failure = NamedException<FileBase,
-/// "Open_Failure">;` in `FileBase`. The owner is there so that two classes may use one name.
-///
-/// It is made from the arguments that `Exception` takes.
+/// An exception type of its own for each name, so that a class of exceptions costs its owner a
+/// line: `using Open_Failure = NamedException<FileBase, "Open_Failure">;` in `FileBase`, and
+/// callers catch `FileBase::Open_Failure`. The owner is a parameter so that two classes may use the
+/// same name and still have two types. It adds no field and takes the arguments of `Exception`.
 template <class Owner, FixedText Name>
 class NamedException : public Exception {
 public:

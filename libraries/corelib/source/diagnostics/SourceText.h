@@ -12,8 +12,8 @@ namespace TarvikCorelib {
 /// `Logger::Revision` is its public name.
 extern std::uint32_t sourceRevision;
 
-/// " @logsrc{...};" with the file's name, without its directory, and the line; and with the
-/// revision, unless that is 0.
+/// ` @logsrc{file="name.cpp" line=7 rev=12};`, with a space in front: the file name without its
+/// directories, the line counted from 1, and the revision unless it is 0.
 std::string sourceText(std::string_view file, std::uint32_t line, std::uint32_t revision);
 
 /// The place of the call, with `sourceRevision`: `throw Open_Failure(messages::openFailure,

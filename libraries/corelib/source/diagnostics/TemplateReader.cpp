@@ -6,6 +6,18 @@ namespace TarvikCorelib {
 
 namespace {
 
+//   message = { ";" | ( "@" key "{" | first ) text ( "}" | "@" ) }
+//
+// A state machine that takes one character at a time and never looks ahead:
+//
+//   Outside  at the beginning, after a "}" and after an "@": drops ";", opens a key at "@"; any
+//            other character, even "}" or a backslash, is the first of a text
+//   InKey    drops everything up to and including "{"
+//   InText   copies; "}" and "@" end the text
+//
+// Two characters are held back, since it depends on the next ones whether they are written. A "}"
+// is written in front of the next text that has no key, and dropped if there is none. A backslash
+// is dropped in front of a "}", which then is part of the text, and else written with what follows.
 template <class Char>
 class TemplateReader {
 public:
@@ -31,6 +43,7 @@ private:
             state = State::InKey;
             return;
         }
+        // Quirk: a ";" keeps the held-back "}", so the text after a closed tag begins with it.
         if (pending) result += Char{'}'};
         result += c;
         pending = false;
@@ -41,6 +54,7 @@ private:
         switch (c) {
         case '\\': escaped = true; break;
         case '}': takeBrace(); break;
+        // Quirk: `escaped` is kept, so the backslash is written later, in a text that follows.
         case '@': state = State::Outside; break;
         default:
             if (escaped) result += Char{'\\'};
@@ -61,7 +75,7 @@ private:
 
     State state = State::Outside;
     bool pending = false;  // A "}" is held back.
-    bool escaped = false;
+    bool escaped = false;  // A backslash is held back; a second one in a row changes nothing.
     std::basic_string<Char> result;
 };
 

@@ -1,4 +1,4 @@
-/// The reading of message templates.
+/// Reads message templates.
 #pragma once
 
 #include <string>
@@ -6,14 +6,15 @@
 
 namespace TarvikCorelib {
 
-/// Takes the text out of a template of the form `@key{text};`.
+/// Returns the text of a template of the form `@key{text};`.
 ///
-/// Programs of the suite rely on the result for every text, so its odd ends are kept on purpose:
-/// - A "}" comes back in front of what follows it, also behind a closed tag: "@a{x}; y" is "x} y".
-/// - "@" goes from any text, and so does ";" behind a "}" or at the beginning. Two "@" in a row, or
-///   one at the beginning, open a key, which hides all up to the next "{".
-/// - A second tag keeps its key, unless nothing but ";" stands between it and the first.
-/// - A backslash is not forgotten at "@".
+/// Programs of the suite rely on the result for every text, so it is fixed to the byte:
+/// - Quirk: a "}" reappears in front of the text after it, also after a closed tag: "@a{x}; y" is
+///   "x} y".
+/// - Quirk: "@" is dropped from any text, and so is ";" after a "}" or at the beginning. Two "@" in
+///   a row, or one at the beginning, open a key, which hides everything up to the next "{".
+/// - Quirk: a second tag keeps its key, unless there is nothing but ";" between it and the first.
+/// - Quirk: a backslash in front of "@" waits for the second character after it: "a\@bc" is "ab\c".
 std::string readTemplate(std::string_view text);
 std::wstring readTemplate(std::wstring_view text);
 

@@ -10,6 +10,7 @@ std::string ToString::fromInt(long long number) {
 }
 
 std::string ToString::fromErrno(int number) {
+    // The GNU variant, which is safe in any thread: it returns a text of its own or the buffer.
     std::array<char, 256> buffer{};
     const char* const known = strerror_r(number, buffer.data(), buffer.size());
     const std::string text = known != nullptr ? known : "";

@@ -9,9 +9,10 @@ class ToString {
 public:
     ToString() = delete;
 
-    /// Plain decimal digits, behind a "-" if the number is negative.
+    /// Decimal digits, with a "-" in front if the number is negative.
     static std::string fromInt(long long number);
-    /// The number and the operating system's text for it: "errno=2: No such file or directory".
+    /// The number and the operating system's text for it: "errno=2: No such file or directory". A
+    /// number without a text gives "Unknown error 99999".
     static std::string fromErrno(int number);
 };
 

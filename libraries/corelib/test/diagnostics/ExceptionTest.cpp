@@ -25,9 +25,9 @@ struct TemplateCase {
 constexpr auto templates = std::to_array<TemplateCase>({
     {"a plain text", "no file: 50%", "no file: 50%"},
     {"a tag shows its text", "@a.b{some text};", "some text"},
-    {"behind a tag its brace comes back", "@a{x}; y", "x} y"},
+    {"after a tag its brace reappears", "@a{x}; y", "x} y"},
     {"a second tag keeps its key", "@a{x}; @b{y};", "x} b{y"},
-    {"right behind a closed tag it loses it", "@a{x};@b{y};", "xy"},
+    {"right after a closed tag it loses it", "@a{x};@b{y};", "xy"},
     {"a key in front of a plain text hides it", "@home", ""},
     {"a brace comes back before text", "a}b}}c", "a}b}}c"},
     {"at the end it does not", "a}", "a"},
@@ -103,7 +103,7 @@ TEST(ExceptionTest, AMessageOfTheOtherWidthComesWithItsName) {
               L"Exception:\nException: a\u20ac\u00e9");
 }
 
-TEST(ExceptionTest, WhatIsAddedStandsBehindABlankAndItsValuesBehindTheOthers) {
+TEST(ExceptionTest, AddedWordsFollowASpaceAndTheirValuesFollowTheOthers) {
     Exception exception("@a{x %};", ParamStream() << 1);
     exception.addToMessage("y");
     exception.addToMessage("%", ParamStream() << 2);
@@ -114,15 +114,15 @@ TEST(ExceptionTest, WhatIsAddedStandsBehindABlankAndItsValuesBehindTheOthers) {
     EXPECT_EQ(exception.getFullMessageW(false), L" wide 123");
 }
 
-TEST(ExceptionTest, ALogTellsTheInnermostCauseFirst) {
-    std::string told;
-    const auto take = [&told](const std::string& text, const ParamStream& params) {
-        told += ParamStream(params).format(text) + "\n";
+TEST(ExceptionTest, ALogShowsTheInnermostCauseFirst) {
+    std::string logged;
+    const auto take = [&logged](const std::string& text, const ParamStream& params) {
+        logged += ParamStream(params).format(text) + "\n";
     };
     const Store::Open_Failure cause(L"@open{no %};", " here", ParamStream() << "x");
     Exception(" there", Store::Read_Failure(" middle", cause)).forEachLogRecord(take);
     Exception("", "").forEachLogRecord(take);
-    EXPECT_EQ(told,
+    EXPECT_EQ(logged,
               "Open_Failure: @open{no x}; here\n"
               "Read_Failure: Container for above exceptions\n"
               "Exception: Container for above exceptions\n"
