@@ -8,6 +8,7 @@ namespace TarvikCorelib {
 
 namespace {
 
+// Takes copies, since `lower` changes its argument.
 template <class Char>
 bool matchLowered(std::basic_string<Char> text, std::basic_string<Char> glob, std::size_t pos,
                   std::size_t count) {
@@ -16,6 +17,8 @@ bool matchLowered(std::basic_string<Char> text, std::basic_string<Char> glob, st
     return GlobMatcher::match(text, glob, pos, count);
 }
 
+// `findGlob` returns nothing for both failures, so the range is checked here first. A `pos` past
+// the end must not reach the subtraction.
 template <class Char>
 std::pair<std::size_t, std::size_t> findOrThrow(std::basic_string_view<Char> text,
                                                 std::basic_string_view<Char> glob, std::size_t pos,

@@ -11,35 +11,40 @@
 
 namespace TarvikCorelib {
 
-/// What a glob is, and what the operations do at the edges, is told with the functions of
-/// `GlobMatching.h`, which these call. All are safe to call from any thread.
+/// Adds exceptions and the ignoring of case to the functions of `GlobMatching.h`, which describes
+/// globs. Those never throw, so code below the exceptions can match too. They keep one retry point,
+/// the last star, instead of recursing: at worst the time is the product of both lengths, and the
+/// only memory is a copy of the glob. All operations are safe to call from any thread.
 class GlobMatcher {
 public:
+    /// The state of one attempt, for narrow and wide texts.
     using GlobParamString = GlobParam<char>;
     using GlobParamWString = GlobParam<wchar_t>;
 
+    /// Both carry no text: the name says it all.
     using Find_NotFound = NamedException<GlobMatcher, "Find_NotFound">;
     using Find_OutOfBounds = NamedException<GlobMatcher, "Find_OutOfBounds">;
 
-    /// All ones: as many characters as are left.
+    /// All ones: as many characters as there are.
     static constexpr auto NoLimit = std::string_view::npos;
 
-    /// Whether all of the text from `pos` on matches. Apart from 0, which matches no text, `count`
-    /// is ignored on purpose.
+    /// Whether the whole text from index `pos` on matches. From its end on, only "" and "*" match;
+    /// before that, "" matches nothing.
+    /// Quirk: `count` is ignored unless it is 0, which matches nothing.
     [[nodiscard]] static bool match(std::string_view text, std::string_view glob,
                                     std::size_t pos = 0, std::size_t count = NoLimit);
     [[nodiscard]] static bool match(std::wstring_view text, std::wstring_view glob,
                                     std::size_t pos = 0, std::size_t count = NoLimit);
 
-    /// The same with both turned to lower case, by the process locale.
+    /// The same with text and glob in lower case, by the process locale. Copies both.
     [[nodiscard]] static bool matchIgnoreCase(std::string_view text, std::string_view glob,
                                               std::size_t pos = 0, std::size_t count = NoLimit);
     [[nodiscard]] static bool matchIgnoreCase(std::wstring_view text, std::wstring_view glob,
                                               std::size_t pos = 0, std::size_t count = NoLimit);
 
-    /// Start and length of the first match among the `count` characters from `pos` on. Throws
-    /// `Find_OutOfBounds` if that leaves no character, `Find_NotFound` if there is no match, as for
-    /// an empty glob.
+    /// Start and length of the first match among the `count` characters from index `pos` on. Throws
+    /// `Find_OutOfBounds` if there is no character to search, and `Find_NotFound` if there is no
+    /// match; an empty glob never matches.
     [[nodiscard]] static std::pair<std::size_t, std::size_t> find(std::string_view text,
                                                                   std::string_view glob,
                                                                   std::size_t pos = 0,
@@ -49,11 +54,11 @@ public:
                                                                   std::size_t pos = 0,
                                                                   std::size_t count = NoLimit);
 
-    /// The glob with each run of stars reduced to one.
+    /// The glob with each run of stars replaced by one star.
     [[nodiscard]] static std::string processGlob(std::string_view glob);
     [[nodiscard]] static std::wstring processGlob(std::wstring_view glob);
 
-    /// The smaller.
+    /// Returns the smaller of the two.
     [[nodiscard]] static std::size_t validateSize(std::size_t a, std::size_t b);
 };
 

@@ -5,7 +5,8 @@
 
 namespace TarvikCorelib {
 
-/// Sorted by three words, from the widest to the narrowest.
+/// Three words classify a message, from the most general to the most specific, so that an agent can
+/// select messages by any of them.
 struct ImsMessage {
     std::string generalType;
     std::string groupType;

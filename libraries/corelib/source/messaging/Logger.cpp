@@ -21,6 +21,7 @@ constexpr auto levels = std::to_array<TarvikTables::Keyword>({
     {"trace", 7},
     {"flood", 8},
 });
+// "none" is 0 and valid, so an unknown name needs a code of its own.
 constexpr int noLevel = -1;
 
 }  // namespace

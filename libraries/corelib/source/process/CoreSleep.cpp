@@ -11,6 +11,7 @@ void core_sleep(std::uint32_t milliseconds) {
     timespec left{};
     left.tv_sec = milliseconds / millisecondsPerSecond;
     left.tv_nsec = milliseconds % millisecondsPerSecond * nanosecondsPerMillisecond;
+    // After a signal `left` holds the remaining time, so an interruption makes it no longer.
     while (nanosleep(&left, &left) != 0 && errno == EINTR) {
     }
 }

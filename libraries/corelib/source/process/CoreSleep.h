@@ -1,11 +1,11 @@
-/// Waits for a time.
+/// Sleeps for a while.
 #pragma once
 
 #include <cstdint>
 
 namespace TarvikCorelib {
 
-/// Waits the full time, also when signals come in between. May be called in a signal handler.
+/// Sleeps the full time, even if signals interrupt it. May be called in a signal handler.
 void core_sleep(std::uint32_t milliseconds);
 
 }  // namespace TarvikCorelib

@@ -5,12 +5,15 @@
 
 namespace TarvikCorelib {
 
+/// The environment has no lock: while other threads run, change no variable that they may read.
 class EnvTools {
 public:
-    /// Overwrites. False for a name that cannot be one.
+    /// Overwrites an older value. Returns false for an invalid name: an empty one, or one with "=".
     static bool set(const std::string& name, const std::string& value);
+    /// Does nothing if there is no such variable.
     static void remove(const std::string& name);
-    /// Answers false and blanks `value` if there is no such variable.
+    /// Returns false and makes `value` empty if there is no such variable. An empty variable
+    /// exists, so it returns true.
     static bool get(const std::string& name, std::string& value);
     static bool exists(const std::string& name);
 };

@@ -6,6 +6,7 @@ namespace TarvikCorelib {
 
 namespace {
 
+// Enough for the words of a signal and a number.
 constexpr std::size_t reasonCapacity = 256;
 
 }  // namespace
@@ -24,6 +25,7 @@ GlobalData::SignalBlock::~SignalBlock() {
     sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
+// The handler must not meet a string whose memory is being replaced.
 void GlobalData::prepare() {
     const SignalBlock block;
     SReason.reserve(reasonCapacity);
@@ -47,7 +49,7 @@ bool GlobalData::mustQuit(std::string& reason) {
     return true;
 }
 
-// The code goes last: before that no handler writes the reason. Clearing keeps the memory.
+// `SCode` comes last: while it is not 0, no handler writes the reason. `clear` keeps the memory.
 void GlobalData::reset() {
     SReason.clear();
     Signal = 0;

@@ -1,4 +1,4 @@
-/// Whether the process is to stop, and why.
+/// Whether the process has been asked to stop, and why.
 #pragma once
 
 #include <atomic>
@@ -9,15 +9,19 @@
 
 namespace TarvikCorelib {
 
-/// The first stop wins; later ones change nothing until `reset`.
+/// The first stop wins: it is the cause, and later ones, which are often its consequences, change
+/// nothing until `reset`.
 ///
-/// `setSignal` may interrupt any of the others on their own thread. Whoever brings `SCode` from 0
-/// to another value owns `SReason` from then on, so the two never write it at once.
+/// A signal handler cannot take a lock, since the thread it interrupts may hold it. So a stop is
+/// claimed instead: whoever changes `SCode` from 0 to another value, in one atomic step, owns
+/// `SReason` from then on, and all others leave it alone. `setSignal` may therefore interrupt any
+/// of the other operations at any point. The reason itself has no lock: stop and ask on one thread.
 class GlobalData {
 public:
     enum StopCode : std::int32_t { RunOn = 0, Quit = 1, Restart = 2, StoppedBySignal = 3 };
 
-    /// Blocks all signals while it lives: for those who rewrite what a signal handler reads.
+    /// Blocks all signals of this thread while it lives. For code that changes what a signal
+    /// handler reads.
     class SignalBlock {
     public:
         SignalBlock();
@@ -29,28 +33,32 @@ public:
         sigset_t before{};
     };
 
-    /// Sets memory aside in which `setSignal` stores its reason.
+    /// Reserves the memory in which `setSignal` stores its reason. Call it before handlers are set.
     static void prepare();
 
+    /// Ask for an end or a restart. Not for signal handlers: they may allocate.
     static void quit(std::string_view reason);
     static void restart(std::string_view reason);
-    /// For signal handlers: never allocates. A reason that is longer than the memory set aside is
-    /// cut. The number is not stored, on purpose: a run that a signal reached ends as any other.
+    /// For signal handlers: never allocates. A reason longer than the reserved memory is cut.
+    /// Quirk: the number is not stored, so a run that caught a signal ends like any other.
     static void setSignal(int number, std::string_view reason);
 
-    /// True if the process is to stop; `reason` is left unchanged if not.
+    /// Returns true and sets `reason` if a stop is pending. Otherwise `reason` is left unchanged.
     static bool mustQuit(std::string& reason);
+    /// Forgets the stop. Keeps the reserved memory.
     static void reset();
 
     /// Process-wide. One of `StopCode`.
     static std::atomic<std::int32_t> SCode;
     static_assert(std::atomic<std::int32_t>::is_always_lock_free);
-    /// Process-wide. Holds while `SCode` is not 0. No `constinit`: one of the compilers cannot.
+    /// Process-wide. Valid while `SCode` is not 0. No `constinit`: one compiler rejects it.
     static std::string SReason;
-    /// Process-wide. `main` reads it; nothing gives it another value than 0, on purpose.
+    /// Process-wide. `main` reads it for the exit status.
+    /// Quirk: nothing sets it, so it is always 0.
     static std::int32_t Signal;
 
 private:
+    /// True for the one caller that made this stop the first.
     static bool claim(StopCode code);
 };
 

@@ -3,6 +3,7 @@
 
 namespace TarvikCorelib {
 
+/// Unlocking is all there is: nothing takes the lock yet.
 class ProcessLock {
 public:
     ProcessLock() = default;
@@ -10,7 +11,7 @@ public:
     ProcessLock& operator=(const ProcessLock&) = delete;
     virtual ~ProcessLock() = default;
 
-    /// False if this process does not hold the lock. There is no way to take it yet.
+    /// Returns false, since this process never holds the lock.
     bool unlock();
 };
 

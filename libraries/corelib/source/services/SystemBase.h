@@ -1,4 +1,4 @@
-/// The agent that knows where the directories of the installation lie.
+/// The agent that knows the directories of the installation.
 #pragma once
 
 #include "libraries/corelib/source/messaging/ImsAgent.h"
@@ -11,7 +11,8 @@ class SystemBase : public ImsAgent {
 public:
     SystemBase() : ImsAgent("system-base") {}
 
-    /// The configuration directory. Blank if the file registry has none; there is no registry yet.
+    /// The configuration directory. Empty if the file registry has none; there is no registry yet,
+    /// so it is always empty.
     static std::string getConfDir();
 };
 

@@ -92,7 +92,7 @@ const auto finds = std::to_array<FindCase>({
     {"abc", 0, 0, {{"*", outOfBounds}}},
 });
 
-TEST(GlobMatcherTest, FindGivesTheFirstStartAndTheShortestLengthOrTellsWhy) {
+TEST(GlobMatcherTest, FindGivesTheFirstStartAndTheShortestLengthOrThrows) {
     for (const auto& [text, pos, count, outcomes] : finds) {
         for (const auto& [glob, outcome] : outcomes) {
             EXPECT_EQ(outcomeOf<std::string>(text, glob, pos, count), outcome) << glob;

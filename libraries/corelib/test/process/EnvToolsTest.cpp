@@ -7,7 +7,7 @@
 namespace TarvikCorelib {
 namespace {
 
-TEST(EnvToolsTest, AVariableThatIsNotThereBlanksTheValue) {
+TEST(EnvToolsTest, AMissingVariableEmptiesTheValue) {
     const tarvik_test::ScopedEnv scope("TARVIK_ENV_TEST", "old");
     std::string value = "unchanged";
     EXPECT_TRUE(EnvTools::set("TARVIK_ENV_TEST", "new"));
