@@ -13,8 +13,6 @@ namespace TarvikCorelib {
 namespace {
 
 using StringTools::widen;
-using std::string_literals::operator""s;
-using std::string_view_literals::operator""sv;
 
 struct TemplateCase {
     const char* name;
@@ -65,9 +63,12 @@ public:
 
 TEST(ExceptionTest, TextsAndLocationsMayBeAnyKindOfString) {
     using Failure = Store::Open_Failure;
-    for (const Failure& made : {Failure("a%", " here"s), Failure("a%"s, " here"sv),
-                                Failure("a%"sv, " here"), Failure(L"a%", " here"),
-                                Failure(L"a%"s, " here"), Failure(L"a%"sv, " here", ParamStream())})
+    const std::string text = "a%";
+    const std::wstring wide = L"a%";
+    for (const Failure& made :
+         {Failure("a%", std::string(" here")), Failure(text, std::string_view(" here")),
+          Failure(std::string_view(text), " here"), Failure(L"a%", " here"), Failure(wide, " here"),
+          Failure(std::wstring_view(wide), " here", ParamStream())})
         EXPECT_EQ(made.getMessageWithLocation(), "a% here");
 }
 

@@ -15,7 +15,6 @@ namespace TarvikCorelib {
 namespace {
 
 using StringTools::widen;
-using std::string_view_literals::operator""sv;
 using ElementDef = ParamStream::ElementDef;
 
 struct FormatCase {
@@ -79,8 +78,8 @@ TEST(ParamStreamTest, AnElementIsStoredAsTextAndShownAsMeant) {
 }
 
 TEST(ParamStreamTest, SizesAndViewsAreWrittenAsTheWidestTypeOfTheirKind) {
-    ParamStream stream = ParamStream()
-                         << sizeof 'c' << std::int64_t{-1} << std::string_view("\n") << L"\n"sv;
+    ParamStream stream = ParamStream() << sizeof 'c' << std::int64_t{-1} << std::string_view("\n")
+                                       << std::wstring_view(L"\n");
     EXPECT_TRUE(stream.push(sizeof 'c') && stream.push(long{-3}));
     std::string types;
     for (ElementDef element; stream.read(element);)
