@@ -1,0 +1,142 @@
+/// Takes texts apart and joins them. `StringSplitter` can do more.
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace TarvikCorelib::StringTools {
+
+// Taking a piece off a text.
+
+/// Take the head: return what stands before the first delimiter, a character or any of a set, and
+/// remove it, with the delimiter, from `text`. Without a delimiter all is returned and `text` is
+/// left empty.
+std::string split(std::string& text, char delimiter);
+std::wstring split(std::wstring& text, wchar_t delimiter);
+std::string split(std::string& text, std::string_view set);
+std::wstring split(std::wstring& text, std::wstring_view set);
+/// The same with a whole substring as delimiter. An empty one returns an empty string and leaves
+/// `text` as it is.
+std::string splitSubstr(std::string& text, std::string_view delimiter);
+std::wstring splitSubstr(std::wstring& text, std::wstring_view delimiter);
+
+/// Take the tail: return what stands behind the last delimiter and remove it, with the delimiter,
+/// from `text`. Without a delimiter all is returned and `text` is left empty.
+std::string rsplit(std::string& text, char delimiter);
+std::wstring rsplit(std::wstring& text, wchar_t delimiter);
+std::string rsplit(std::string& text, std::string_view set);
+std::wstring rsplit(std::wstring& text, std::wstring_view set);
+/// Unlike `rsplit` on purpose: returns what stands before the last delimiter and leaves in `text`
+/// what follows it. Without a delimiter all is returned and `text` is left empty; an empty
+/// delimiter returns an empty string and leaves `text` as it is.
+std::string rsplitSubstr(std::string& text, std::string_view delimiter);
+std::wstring rsplitSubstr(std::wstring& text, std::wstring_view delimiter);
+
+// Splitting into containers, and joining.
+
+/// Split at a character, or at any of a set. With a limit of n all that is left behind n - 1
+/// delimiters is the last item; 0 and all ones mean no limit. Empty items stay unless `skipEmpty`,
+/// but never behind a delimiter that ends the text; those left out count for the limit, too.
+std::list<std::string> splitList(std::string_view text, char delimiter, std::size_t limit,
+                                 bool skipEmpty);
+std::list<std::wstring> splitList(std::wstring_view text, wchar_t delimiter, std::size_t limit,
+                                  bool skipEmpty);
+std::list<std::string> splitList(std::string_view text, std::string_view set, std::size_t limit,
+                                 bool skipEmpty);
+std::list<std::wstring> splitList(std::wstring_view text, std::wstring_view set, std::size_t limit,
+                                  bool skipEmpty);
+std::vector<std::string> splitVector(std::string_view text, char delimiter, std::size_t limit,
+                                     bool skipEmpty);
+std::vector<std::wstring> splitVector(std::wstring_view text, wchar_t delimiter, std::size_t limit,
+                                      bool skipEmpty);
+std::vector<std::string> splitVector(std::string_view text, std::string_view set, std::size_t limit,
+                                     bool skipEmpty);
+std::vector<std::wstring> splitVector(std::wstring_view text, std::wstring_view set,
+                                      std::size_t limit, bool skipEmpty);
+/// With `unique` an item that is there already is left out.
+std::multiset<std::string> splitSet(std::string_view text, char delimiter, std::size_t limit,
+                                    bool skipEmpty, bool unique);
+std::multiset<std::wstring> splitSet(std::wstring_view text, wchar_t delimiter, std::size_t limit,
+                                     bool skipEmpty, bool unique);
+std::multiset<std::string> splitSet(std::string_view text, std::string_view set, std::size_t limit,
+                                    bool skipEmpty, bool unique);
+std::multiset<std::wstring> splitSet(std::wstring_view text, std::wstring_view set,
+                                     std::size_t limit, bool skipEmpty, bool unique);
+
+/// The same with a whole substring as delimiter. An empty one is never found.
+std::list<std::string> splitSubstrList(std::string_view text, std::string_view delimiter,
+                                       std::size_t limit, bool skipEmpty);
+std::list<std::wstring> splitSubstrList(std::wstring_view text, std::wstring_view delimiter,
+                                        std::size_t limit, bool skipEmpty);
+std::vector<std::string> splitSubstrVector(std::string_view text, std::string_view delimiter,
+                                           std::size_t limit, bool skipEmpty);
+std::vector<std::wstring> splitSubstrVector(std::wstring_view text, std::wstring_view delimiter,
+                                            std::size_t limit, bool skipEmpty);
+std::multiset<std::string> splitSubstrSet(std::string_view text, std::string_view delimiter,
+                                          std::size_t limit, bool skipEmpty, bool unique);
+std::multiset<std::wstring> splitSubstrSet(std::wstring_view text, std::wstring_view delimiter,
+                                           std::size_t limit, bool skipEmpty, bool unique);
+
+/// Pairs of key and value. A key is all before the next key-value delimiter, item delimiters
+/// included, on purpose: "a,b=1" has the key "a,b". What follows the last pair without a key-value
+/// delimiter of its own is dropped. With `skipEmptyKey` a pair with an empty key is left out, with
+/// `unique` one whose key is there already.
+std::multimap<std::string, std::string> splitMap(std::string_view text, char itemDelimiter,
+                                                 char keyValueDelimiter, bool skipEmptyKey,
+                                                 bool unique);
+std::multimap<std::wstring, std::wstring> splitMap(std::wstring_view text, wchar_t itemDelimiter,
+                                                   wchar_t keyValueDelimiter, bool skipEmptyKey,
+                                                   bool unique);
+std::multimap<std::string, std::string> splitMap(std::string_view text, std::string_view itemSet,
+                                                 std::string_view keyValueSet, bool skipEmptyKey,
+                                                 bool unique);
+std::multimap<std::wstring, std::wstring> splitMap(std::wstring_view text,
+                                                   std::wstring_view itemSet,
+                                                   std::wstring_view keyValueSet, bool skipEmptyKey,
+                                                   bool unique);
+std::multimap<std::string, std::string> splitSubstrMap(std::string_view text,
+                                                       std::string_view itemDelimiter,
+                                                       std::string_view keyValueDelimiter,
+                                                       bool skipEmptyKey, bool unique);
+std::multimap<std::wstring, std::wstring> splitSubstrMap(std::wstring_view text,
+                                                         std::wstring_view itemDelimiter,
+                                                         std::wstring_view keyValueDelimiter,
+                                                         bool skipEmptyKey, bool unique);
+
+/// The items of a list, vector, set or multiset in its order, with the delimiter between them. An
+/// item gets none before it as long as the result is empty, so leading empty items vanish.
+template <class Container, class Text = typename Container::value_type>
+[[nodiscard]] Text join(const Container& items, const std::type_identity_t<Text>& delimiter);
+/// The same for the pairs of a map or multimap, each as its key, `keyValueDelimiter` and its value.
+template <class Map, class Text = typename Map::mapped_type>
+[[nodiscard]] Text join(const Map& pairs, const std::type_identity_t<Text>& itemDelimiter,
+                        const std::type_identity_t<Text>& keyValueDelimiter);
+
+template <class Container, class Text>
+Text join(const Container& items, const std::type_identity_t<Text>& delimiter) {
+    Text result;
+    for (const Text& item : items) {
+        if (!result.empty()) result += delimiter;
+        result += item;
+    }
+    return result;
+}
+
+template <class Map, class Text>
+Text join(const Map& pairs, const std::type_identity_t<Text>& itemDelimiter,
+          const std::type_identity_t<Text>& keyValueDelimiter) {
+    Text result;
+    for (const auto& [key, value] : pairs) {
+        if (!result.empty()) result += itemDelimiter;
+        result.append(key).append(keyValueDelimiter).append(value);
+    }
+    return result;
+}
+
+}  // namespace TarvikCorelib::StringTools
