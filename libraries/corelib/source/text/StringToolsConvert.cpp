@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <algorithm>
 #include <array>
@@ -59,31 +59,6 @@ To convertedPairs(const From& pairs) {
     for (const auto& [key, value] : pairs)
         result.emplace_hint(result.end(), convert(key), convert(value));
     return result;
-}
-
-bool isPlain(wchar_t c) {
-    return c >= L' ' && c <= L'~' && c != L'#';
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// Reads "#", digits and ";" at the front of `text` and takes them off it. Of anything less it takes
-// "#" and the digits, as they are: each byte is looked at once.
-void takeReference(std::string_view& text, std::wstring& out) {
-    const std::string_view tail = text.substr(1);
-    const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit);
-    const auto digits = static_cast<std::size_t>(stop - tail.begin());
-    text.remove_prefix(1 + digits);
-    if (digits == 0 || !text.starts_with(';')) {
-        out += L'#';
-        out += convert(tail.substr(0, digits));
-        return;
-    }
-    // The ";" ends the number. A huge one is cut.
-    out += static_cast<wchar_t>(std::strtol(tail.data(), nullptr, 10));
-    text.remove_prefix(1);
 }
 
 constexpr std::size_t bytesPerCharacter = 4;
@@ -164,35 +139,6 @@ std::wstring widen(std::string_view text) {
     std::wstring result(text.size(), L'\0');
     std::transform(text.begin(), text.end(), result.begin(),
                    [](char c) { return static_cast<unsigned char>(c); });
-    return result;
-}
-
-std::string pconvert(std::wstring_view text, std::wstring_view keep) {
-    std::string result;
-    result.reserve(text.size());
-    for (const wchar_t c : text) {
-        if (isPlain(c) || keep.find(c) != npos) {
-            result += NarrowCharacter(c).view();
-        } else {
-            // Unsigned: a "-" could not be read back.
-            result.append(1, '#').append(toString(static_cast<std::uint32_t>(c))).append(1, ';');
-        }
-    }
-    return result;
-}
-
-std::wstring pconvert(std::string_view text) {
-    std::wstring result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        if (text.front() == '#') {
-            takeReference(text, result);
-            continue;
-        }
-        const std::string_view plain = text.substr(0, text.find('#'));
-        result += convert(plain);
-        text.remove_prefix(plain.size());
-    }
     return result;
 }
 

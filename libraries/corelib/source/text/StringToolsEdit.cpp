@@ -1,4 +1,4 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
 
 #include <algorithm>
 #include <cctype>
@@ -173,16 +173,6 @@ Text<Char>& padded(Text<Char>& text, std::size_t width, Char c, Side side) {
 }
 
 }  // namespace
-
-const std::string& whitespace() {
-    static const std::string characters = " \r\n\t\v\b\f";
-    return characters;
-}
-
-const std::wstring& whitespaceW() {
-    static const std::wstring characters = L" \r\n\t\v\b\f";
-    return characters;
-}
 
 std::string& trimLeft(std::string& text, bool whitespaceOnly) {
     return trimmedLeft(text, whitespaceOnly);

@@ -1,6 +1,12 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsEscape.h"
+
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsNumbers.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 
 namespace TarvikCorelib::StringTools {
 
@@ -66,6 +72,31 @@ std::basic_string<Char> unescaped(std::basic_string_view<Char> text,
     return result.append(text, pos);
 }
 
+bool isPlain(wchar_t c) {
+    return c >= L' ' && c <= L'~' && c != L'#';
+}
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Reads "#", digits and ";" at the front of `text` and takes them off it. Of anything less it takes
+// "#" and the digits, as they are: each byte is looked at once.
+void takeReference(std::string_view& text, std::wstring& out) {
+    const std::string_view tail = text.substr(1);
+    const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit);
+    const auto digits = static_cast<std::size_t>(stop - tail.begin());
+    text.remove_prefix(1 + digits);
+    if (digits == 0 || !text.starts_with(';')) {
+        out += L'#';
+        out += convert(tail.substr(0, digits));
+        return;
+    }
+    // The ";" ends the number. A huge one is cut.
+    out += static_cast<wchar_t>(std::strtol(tail.data(), nullptr, 10));
+    text.remove_prefix(1);
+}
+
 }  // namespace
 
 std::string escape(std::string_view text, char c, char replacement, char escapeChar) {
@@ -102,6 +133,35 @@ std::string unescape(std::string_view text, std::string_view encoded, std::strin
 std::wstring unescape(std::wstring_view text, std::wstring_view encoded, std::wstring_view plain,
                       wchar_t escapeChar) {
     return unescaped<wchar_t>(text, {encoded, plain, escapeChar});
+}
+
+std::string pconvert(std::wstring_view text, std::wstring_view keep) {
+    std::string result;
+    result.reserve(text.size());
+    for (const wchar_t c : text) {
+        if (isPlain(c) || keep.find(c) != npos) {
+            result += convert(std::wstring_view(&c, 1));
+        } else {
+            // Unsigned: a "-" could not be read back.
+            result.append(1, '#').append(toString(static_cast<std::uint32_t>(c))).append(1, ';');
+        }
+    }
+    return result;
+}
+
+std::wstring pconvert(std::string_view text) {
+    std::wstring result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        if (text.front() == '#') {
+            takeReference(text, result);
+            continue;
+        }
+        const std::string_view plain = text.substr(0, text.find('#'));
+        result += convert(plain);
+        text.remove_prefix(plain.size());
+    }
+    return result;
 }
 
 }  // namespace TarvikCorelib::StringTools

@@ -1,4 +1,7 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsNumbers.h"
+
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <algorithm>
 #include <array>

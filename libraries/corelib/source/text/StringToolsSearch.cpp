@@ -1,5 +1,6 @@
+#include "libraries/corelib/source/text/StringToolsSearch.h"
+
 #include "libraries/corelib/source/text/StringIterator.h"
-#include "libraries/corelib/source/text/StringTools.h"
 
 #include <algorithm>
 #include <type_traits>
@@ -99,16 +100,6 @@ std::size_t findPart(View<Char> text, View<Char> part, std::size_t pos, std::siz
     });
 }
 
-// Wraps around in the unsigned type of that width.
-template <class Number, class Char>
-Number hash(View<Char> text) {
-    using Unsigned = std::make_unsigned_t<Number>;
-    std::uint64_t value = 0;
-    for (const Char c : text)
-        value = value * 37 + static_cast<std::make_unsigned_t<Char>>(c);
-    return static_cast<Number>(static_cast<Unsigned>(value));
-}
-
 }  // namespace
 
 std::size_t count(std::string_view text, char c, std::size_t pos, std::size_t count) {
@@ -179,46 +170,6 @@ std::size_t findNotQuoted(std::string_view text, std::string_view part, std::siz
 std::size_t findNotQuoted(std::wstring_view text, std::wstring_view part, std::size_t pos,
                           std::size_t count) {
     return findPart(text, part, pos, count);
-}
-
-std::int16_t hashInt16(std::string_view text) {
-    return hash<std::int16_t>(text);
-}
-
-std::uint16_t hashUInt16(std::string_view text) {
-    return hash<std::uint16_t>(text);
-}
-
-std::int32_t hashInt32(std::string_view text) {
-    return hash<std::int32_t>(text);
-}
-
-std::int32_t hashInt32(std::wstring_view text) {
-    return hash<std::int32_t>(text);
-}
-
-std::uint32_t hashUInt32(std::string_view text) {
-    return hash<std::uint32_t>(text);
-}
-
-std::uint32_t hashUInt32(std::wstring_view text) {
-    return hash<std::uint32_t>(text);
-}
-
-std::int64_t hashInt64(std::string_view text) {
-    return hash<std::int64_t>(text);
-}
-
-std::int64_t hashInt64(std::wstring_view text) {
-    return hash<std::int64_t>(text);
-}
-
-std::uint64_t hashUInt64(std::string_view text) {
-    return hash<std::uint64_t>(text);
-}
-
-std::uint64_t hashUInt64(std::wstring_view text) {
-    return hash<std::uint64_t>(text);
 }
 
 }  // namespace TarvikCorelib::StringTools

@@ -1,4 +1,6 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsSplit.h"
+
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
 
 #include <algorithm>
 #include <utility>

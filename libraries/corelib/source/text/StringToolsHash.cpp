@@ -1,0 +1,61 @@
+#include "libraries/corelib/source/text/StringToolsHash.h"
+
+#include <type_traits>
+
+namespace TarvikCorelib::StringTools {
+
+namespace {
+
+// Wraps around in the unsigned type of that width.
+template <class Number, class Char>
+Number hash(std::basic_string_view<Char> text) {
+    using Unsigned = std::make_unsigned_t<Number>;
+    std::uint64_t value = 0;
+    for (const Char c : text)
+        value = value * 37 + static_cast<std::make_unsigned_t<Char>>(c);
+    return static_cast<Number>(static_cast<Unsigned>(value));
+}
+
+}  // namespace
+
+std::int16_t hashInt16(std::string_view text) {
+    return hash<std::int16_t>(text);
+}
+
+std::uint16_t hashUInt16(std::string_view text) {
+    return hash<std::uint16_t>(text);
+}
+
+std::int32_t hashInt32(std::string_view text) {
+    return hash<std::int32_t>(text);
+}
+
+std::int32_t hashInt32(std::wstring_view text) {
+    return hash<std::int32_t>(text);
+}
+
+std::uint32_t hashUInt32(std::string_view text) {
+    return hash<std::uint32_t>(text);
+}
+
+std::uint32_t hashUInt32(std::wstring_view text) {
+    return hash<std::uint32_t>(text);
+}
+
+std::int64_t hashInt64(std::string_view text) {
+    return hash<std::int64_t>(text);
+}
+
+std::int64_t hashInt64(std::wstring_view text) {
+    return hash<std::int64_t>(text);
+}
+
+std::uint64_t hashUInt64(std::string_view text) {
+    return hash<std::uint64_t>(text);
+}
+
+std::uint64_t hashUInt64(std::wstring_view text) {
+    return hash<std::uint64_t>(text);
+}
+
+}  // namespace TarvikCorelib::StringTools
