@@ -4,7 +4,13 @@
 #include "libraries/corelib/source/diagnostics/Exception.h"
 #include "libraries/corelib/source/text/GlobMatching.h"
 #include "libraries/corelib/source/text/StringSplitter.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
+#include "libraries/corelib/source/text/StringToolsEscape.h"
+#include "libraries/corelib/source/text/StringToolsHash.h"
+#include "libraries/corelib/source/text/StringToolsSearch.h"
+#include "libraries/corelib/source/text/StringToolsSplit.h"
 
 #include <benchmark/benchmark.h>
 

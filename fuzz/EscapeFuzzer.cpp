@@ -1,6 +1,7 @@
 // Any text escaped and read back, by any table; and narrowed and widened.
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsEscape.h"
 
 #include <algorithm>
 

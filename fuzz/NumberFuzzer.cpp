@@ -1,6 +1,8 @@
 // Any text as a number, rounded, trimmed and converted; and any number as a text.
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsNumbers.h"
+#include "libraries/corelib/source/text/StringToolsSearch.h"
 
 #include <cmath>
 #include <cstring>

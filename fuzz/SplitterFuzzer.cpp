@@ -1,7 +1,9 @@
 // Any text split by any delimiters, flags and limits, joined again, narrow and wide.
 
 #include "libraries/corelib/source/text/StringSplitter.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
+#include "libraries/corelib/source/text/StringToolsSplit.h"
 
 #include "fuzz/Feed.h"
 

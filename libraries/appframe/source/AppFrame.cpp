@@ -5,7 +5,7 @@
 #include "libraries/corelib/source/process/GlobalData.h"
 #include "libraries/corelib/source/system/Release.h"
 #include "libraries/corelib/source/system/SystemTools.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 #include "libraries/corelib/source/diagnostics/Exception.h"
 
 #include "libraries/corelib/source/diagnostics/TemplateReader.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <algorithm>
 #include <type_traits>

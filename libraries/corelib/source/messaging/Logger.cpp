@@ -1,7 +1,7 @@
 #include "libraries/corelib/source/messaging/Logger.h"
 
 #include "libraries/corelib/source/diagnostics/SourceText.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
 #include "shared/library/tables/Keywords.h"
 
 #include <array>

@@ -2,7 +2,9 @@
 
 #include "libraries/corelib/source/messaging/Logger.h"
 #include "libraries/corelib/source/text/StringSplitter.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
+#include "libraries/corelib/source/text/StringToolsEscape.h"
+#include "libraries/corelib/source/text/StringToolsSplit.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,7 +2,7 @@
 
 #include "libraries/corelib/source/system/CmdParser.h"
 #include "libraries/corelib/source/text/StringSearchers.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
 
 #include <algorithm>
 

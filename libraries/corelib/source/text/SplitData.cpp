@@ -1,6 +1,6 @@
 #include "libraries/corelib/source/text/SplitData.h"
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,8 @@
 
 #include "libraries/corelib/source/text/GlobMatching.h"
 #include "libraries/corelib/source/text/StringIterator.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <algorithm>
 #include <optional>

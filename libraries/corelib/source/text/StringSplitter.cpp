@@ -1,6 +1,7 @@
 #include "libraries/corelib/source/text/StringSplitter.h"
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsSplit.h"
 
 namespace TarvikCorelib {
 

@@ -1,6 +1,8 @@
 #include "libraries/corelib/source/values/PrimitiveStream.h"
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/text/StringToolsEscape.h"
+#include "libraries/corelib/source/text/StringToolsNumbers.h"
 #include "libraries/corelib/source/values/SharedString.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "libraries/corelib/source/diagnostics/NamedException.h"
 #include "libraries/corelib/source/diagnostics/ToString.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <gtest/gtest.h>
 

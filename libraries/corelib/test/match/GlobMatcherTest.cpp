@@ -1,6 +1,6 @@
 #include "libraries/corelib/source/match/GlobMatcher.h"
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,8 @@
 #include "libraries/corelib/source/text/StringSearchers.h"
 
 #include "libraries/corelib/source/text/StringIterator.h"
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <gtest/gtest.h>
 

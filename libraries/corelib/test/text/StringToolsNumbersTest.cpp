@@ -1,4 +1,6 @@
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsNumbers.h"
+
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 
 #include <gtest/gtest.h>
 

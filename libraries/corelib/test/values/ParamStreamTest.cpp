@@ -1,6 +1,6 @@
 #include "libraries/corelib/source/values/ParamStream.h"
 
-#include "libraries/corelib/source/text/StringTools.h"
+#include "libraries/corelib/source/text/StringToolsConvert.h"
 #include "libraries/corelib/source/values/SharedString.h"
 
 #include <gtest/gtest.h>
