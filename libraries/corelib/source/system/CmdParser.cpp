@@ -2,6 +2,7 @@
 
 #include "libraries/corelib/source/messaging/Logger.h"
 #include "libraries/corelib/source/text/StringSplitter.h"
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
 #include "libraries/corelib/source/text/StringToolsEdit.h"
 #include "libraries/corelib/source/text/StringToolsEscape.h"
 #include "libraries/corelib/source/text/StringToolsSplit.h"
@@ -55,10 +56,6 @@ bool copyNumber(const CmdParser::ArgumentDef* given, int& result,
 
 bool isLetterOrUnderscore(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool fail(std::string& error, const std::string& text) {
@@ -368,8 +365,9 @@ const CmdParser::ArgumentDef* CmdParser::findGiven(const std::string& longOpt) c
 
 bool CmdParser::isOptionEquals(std::string_view word) {
     if (word.empty() || !isLetterOrUnderscore(word.front())) return false;
-    const auto* const end = std::find_if_not(
-        word.begin(), word.end(), [](char c) { return isLetterOrUnderscore(c) || isDigit(c); });
+    const auto* const end = std::find_if_not(word.begin(), word.end(), [](char c) {
+        return isLetterOrUnderscore(c) || StringTools::isDigit(c);
+    });
     return end != word.end() && *end == '=';
 }
 

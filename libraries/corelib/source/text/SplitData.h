@@ -1,6 +1,8 @@
 /// Scans a text item by item: what stands beneath `StringSplitter`.
 #pragma once
 
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -31,7 +33,7 @@ struct SplitTerms {
 template <class Char>
 class BasicSplitData : public SplitTerms {
 public:
-    using View = std::basic_string_view<Char>;
+    using View = StringTools::View<Char>;
 
     /// For items, of which the caller wants at most `limit`.
     BasicSplitData(View text, SplitType type, Char delimiter, int flags, std::size_t limit);

@@ -13,9 +13,6 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-template <class Char>
-using View = std::basic_string_view<Char>;
-
 // The rules are given the stretch alone and count from its beginning. In an empty one none of them
 // finds anything.
 struct Cut {

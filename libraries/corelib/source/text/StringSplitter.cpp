@@ -8,49 +8,42 @@ namespace TarvikCorelib {
 namespace {
 
 using StringTools::npos;
-
-template <class Char>
-using View = std::basic_string_view<Char>;
+using StringTools::Text;
+using StringTools::View;
 
 // In all below the delimiter lies at `found`, or there is none.
 
 // `substr` throws if there is no delimiter.
 template <class Char>
-std::basic_string<Char> behind(const std::basic_string<Char>& text, std::size_t found,
-                               std::size_t length) {
+Text<Char> behind(const Text<Char>& text, std::size_t found, std::size_t length) {
     return text.substr(found == npos ? npos : found + length);
 }
 
 template <class Char>
-std::basic_string<Char> takeRight(std::basic_string<Char>& text, std::size_t found,
-                                  std::size_t length) {
-    std::basic_string<Char> tail = behind(text, found, length);
+Text<Char> takeRight(Text<Char>& text, std::size_t found, std::size_t length) {
+    Text<Char> tail = behind(text, found, length);
     text.resize(found);
     return tail;
 }
 
 template <class Char>
-using Halves = std::pair<std::basic_string<Char>, std::basic_string<Char>>;
+using Halves = std::pair<Text<Char>, Text<Char>>;
 
 template <class Char>
-Halves<Char> leftHalves(const std::basic_string<Char>& text, std::size_t found,
-                        std::size_t length) {
-    if (found == npos) return {text, std::basic_string<Char>(1, ' ')};
+Halves<Char> leftHalves(const Text<Char>& text, std::size_t found, std::size_t length) {
+    if (found == npos) return {text, Text<Char>(1, ' ')};
     return {text.substr(0, found), text.substr(found + length)};
 }
 
 template <class Char>
-Halves<Char> rightHalves(const std::basic_string<Char>& text, std::size_t found,
-                         std::size_t length) {
+Halves<Char> rightHalves(const Text<Char>& text, std::size_t found, std::size_t length) {
     return {text.substr(0, found), behind(text, found, length)};
 }
 
 template <class Container, class Char>
 Container splitItems(BasicSplitData<Char> data) {
     Container items;
-    const auto add = [&items](View<Char> item) {
-        items.insert(items.end(), std::basic_string<Char>(item));
-    };
+    const auto add = [&items](View<Char> item) { items.insert(items.end(), Text<Char>(item)); };
     if (data.getLimit() == 0 && !data.getText().empty()) add(data.getText());
 
     std::size_t count = 0;
@@ -84,7 +77,7 @@ std::set<Key> missingKeys(const Pairs& pairs, const std::list<Key>& required) {
 }
 
 template <class Char>
-std::list<std::basic_string<Char>> requiredKeys(View<Char> required) {
+std::list<Text<Char>> requiredKeys(View<Char> required) {
     constexpr int flags =
         SplitTerms::SplitTrim | SplitTerms::SplitSkipEmpty | SplitTerms::SplitQuoted;
     return BasicStringSplitter<Char>::toList(required, Char{','}, flags);

@@ -20,7 +20,7 @@ namespace TarvikCorelib {
 template <class Char>
 class BasicStringSplitter : public SplitTerms {
     using Text = std::basic_string<Char>;
-    using View = std::basic_string_view<Char>;
+    using View = StringTools::View<Char>;
     using Map = std::map<Text, Text>;
     using MultiMap = std::multimap<Text, Text>;
     using Data = BasicSplitData<Char>;

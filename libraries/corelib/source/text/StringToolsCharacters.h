@@ -10,6 +10,17 @@ namespace TarvikCorelib::StringTools {
 
 constexpr auto npos = std::string::npos;
 
+template <class Char>
+using Text = std::basic_string<Char>;
+template <class Char>
+using View = std::basic_string_view<Char>;
+
+/// One of the ten ASCII digits, in any locale.
+template <class Char>
+constexpr bool isDigit(Char c) {
+    return c >= '0' && c <= '9';
+}
+
 /// Space, carriage return, line feed, tab, vertical tab, backspace and form feed, in this order.
 /// Backspace belongs to it on purpose. Safe to call from any thread.
 const std::string& whitespace();

@@ -11,11 +11,6 @@ namespace TarvikCorelib::StringTools {
 namespace {
 
 template <class Char>
-using Text = std::basic_string<Char>;
-template <class Char>
-using View = std::basic_string_view<Char>;
-
-template <class Char>
 bool isLow(Char c) {
     return static_cast<std::make_unsigned_t<Char>>(c) <= ' ';
 }

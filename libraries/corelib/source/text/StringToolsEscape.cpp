@@ -15,8 +15,8 @@ namespace {
 // What each character becomes, on its way in or out; both ways the escape character is itself.
 template <class Char>
 struct EscapeTable {
-    std::basic_string_view<Char> from;
-    std::basic_string_view<Char> to;
+    View<Char> from;
+    View<Char> to;
     Char escapeChar;
 
     // Null for a character without a counterpart. A row goes before the escape character.
@@ -28,18 +28,18 @@ struct EscapeTable {
 
 // A little longer than the text: few characters need an escape.
 template <class Char>
-std::basic_string<Char> roomFor(std::basic_string_view<Char> text) {
-    std::basic_string<Char> result;
+Text<Char> roomFor(View<Char> text) {
+    Text<Char> result;
     result.reserve(text.size() + 1 + text.size() / 5);
     return result;
 }
 
 template <class Char>
-std::basic_string<Char> escaped(std::basic_string_view<Char> text, const EscapeTable<Char>& table) {
+Text<Char> escaped(View<Char> text, const EscapeTable<Char>& table) {
     const auto isPlain = [&table](Char c) { return table.find(c) == nullptr; };
-    if (std::all_of(text.begin(), text.end(), isPlain)) return std::basic_string<Char>(text);
+    if (std::all_of(text.begin(), text.end(), isPlain)) return Text<Char>(text);
 
-    std::basic_string<Char> result = roomFor(text);
+    Text<Char> result = roomFor(text);
     for (const Char c : text) {
         const Char* const code = table.find(c);
         if (code != nullptr) result += table.escapeChar;
@@ -49,19 +49,18 @@ std::basic_string<Char> escaped(std::basic_string_view<Char> text, const EscapeT
 }
 
 template <class Char>
-void appendUnescaped(std::basic_string<Char>& out, Char code, const EscapeTable<Char>& table) {
+void appendUnescaped(Text<Char>& out, Char code, const EscapeTable<Char>& table) {
     const Char* const plain = table.find(code);
     if (plain == nullptr) out += table.escapeChar;
     out += plain != nullptr ? *plain : code;
 }
 
 template <class Char>
-std::basic_string<Char> unescaped(std::basic_string_view<Char> text,
-                                  const EscapeTable<Char>& table) {
+Text<Char> unescaped(View<Char> text, const EscapeTable<Char>& table) {
     auto found = text.find(table.escapeChar);
-    if (found == npos) return std::basic_string<Char>(text);
+    if (found == npos) return Text<Char>(text);
 
-    std::basic_string<Char> result = roomFor(text);
+    Text<Char> result = roomFor(text);
     std::size_t pos = 0;
     for (; found != npos; found = text.find(table.escapeChar, pos)) {
         result.append(text, pos, found - pos);
@@ -76,15 +75,11 @@ bool isPlain(wchar_t c) {
     return c >= L' ' && c <= L'~' && c != L'#';
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // Reads "#", digits and ";" at the front of `text` and takes them off it. Of anything less it takes
 // "#" and the digits, as they are: each byte is looked at once.
 void takeReference(std::string_view& text, std::wstring& out) {
     const std::string_view tail = text.substr(1);
-    const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit);
+    const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit<char>);
     const auto digits = static_cast<std::size_t>(stop - tail.begin());
     text.remove_prefix(1 + digits);
     if (digits == 0 || !text.starts_with(';')) {

@@ -1,5 +1,7 @@
 #include "libraries/corelib/source/text/StringToolsHash.h"
 
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+
 #include <type_traits>
 
 namespace TarvikCorelib::StringTools {
@@ -8,7 +10,7 @@ namespace {
 
 // Wraps around in the unsigned type of that width.
 template <class Number, class Char>
-Number hash(std::basic_string_view<Char> text) {
+Number hash(View<Char> text) {
     using Unsigned = std::make_unsigned_t<Number>;
     std::uint64_t value = 0;
     for (const Char c : text)

@@ -35,24 +35,19 @@ struct NumberForm<wchar_t> {
 };
 
 template <class Char>
-bool isDigit(Char c) {
-    return c >= '0' && c <= '9';
-}
-
-template <class Char>
 bool isDigitOrPoint(Char c) {
     return isDigit(c) || c == '.';
 }
 
 template <class Char>
-bool isTrimmable(std::basic_string_view<Char> text) {
+bool isTrimmable(View<Char> text) {
     if (text.size() == 1 && text.front() == '.') return false;
     return std::all_of(text.begin(), text.end(),
                        [](Char c) { return isDigitOrPoint(c) || c == '-'; });
 }
 
 template <class Char>
-std::basic_string<Char>& trimmed(std::basic_string<Char>& text) {
+Text<Char>& trimmed(Text<Char>& text) {
     if (!isTrimmable<Char>(text)) return text;
     // The zero before a "." goes too, on purpose; nothing but zeros stays.
     if (const auto first = text.find_first_not_of(Char{'0'}); first != npos) text.erase(0, first);
@@ -66,7 +61,7 @@ std::basic_string<Char>& trimmed(std::basic_string<Char>& text) {
 }
 
 template <class Char>
-bool isRoundable(std::basic_string_view<Char> text) {
+bool isRoundable(View<Char> text) {
     // A "." in front is never rounded, on purpose.
     if (text.empty() || text.front() == '.') return false;
     if (std::count(text.begin(), text.end(), Char{'.'}) > 1) return false;
@@ -77,7 +72,7 @@ bool isRoundable(std::basic_string_view<Char> text) {
 
 // Adds 1 to the last digit. A carry out of the digits puts a new one before them, behind a sign.
 template <class Char>
-void roundUp(std::basic_string<Char>& text) {
+void roundUp(Text<Char>& text) {
     std::size_t pos = text.size();
     for (; pos > 0; --pos) {
         Char& c = text[pos - 1];
@@ -93,15 +88,14 @@ void roundUp(std::basic_string<Char>& text) {
 }
 
 template <class Char>
-void cutAndRound(std::basic_string<Char>& text, std::size_t cut) {
+void cutAndRound(Text<Char>& text, std::size_t cut) {
     const Char digit = text[cut];
     text.erase(cut);
     if (isDigit(digit) && digit >= '5') roundUp(text);
 }
 
 template <class Char>
-std::basic_string<Char>& rounded(std::basic_string<Char>& text, std::size_t decimals,
-                                 bool padWithZeros) {
+Text<Char>& rounded(Text<Char>& text, std::size_t decimals, bool padWithZeros) {
     if (!isRoundable<Char>(text)) return text;
     const std::size_t point = std::min(text.find(Char{'.'}), text.size());
     const std::size_t present = point == text.size() ? 0 : text.size() - point - 1;
@@ -115,7 +109,7 @@ std::basic_string<Char>& rounded(std::basic_string<Char>& text, std::size_t deci
 }
 
 template <class Char, class Integer>
-std::basic_string<Char> digitsOf(Integer number) {
+Text<Char> digitsOf(Integer number) {
     std::array<char, 20> digits{};  // As many as 64 bits need, with a sign.
     const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
     return {digits.cbegin(), end};
@@ -130,7 +124,7 @@ std::string_view withoutTrailingZeros(std::string_view text) {
 }
 
 template <class Char>
-std::basic_string<Char> decimalsOf(double number) {
+Text<Char> decimalsOf(double number) {
     if (number == 0) return {Char{'0'}};
 
     // The longest is -1e15 with 15 decimals: 33 characters.
@@ -147,19 +141,19 @@ std::basic_string<Char> decimalsOf(double number) {
 }
 
 template <class Char>
-bool isTrue(std::basic_string_view<Char> text) {
+bool isTrue(View<Char> text) {
     return !text.empty() && !(text.size() == 1 && text.front() == '0');
 }
 
 template <class Integer, class Char>
-Integer toInteger(const std::basic_string<Char>& text) {
+Integer toInteger(const Text<Char>& text) {
     if constexpr (std::signed_integral<Integer>)
         return static_cast<Integer>(NumberForm<Char>::ReadLong(text.c_str(), nullptr, 10));
     return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(text.c_str(), nullptr, 10));
 }
 
 template <class Char>
-unsigned long long leadingDigits(std::basic_string_view<Char> text) {
+unsigned long long leadingDigits(View<Char> text) {
     unsigned long long number = 0;
     for (const Char c : text) {
         if (!isDigit(c)) break;
@@ -169,7 +163,7 @@ unsigned long long leadingDigits(std::basic_string_view<Char> text) {
 }
 
 template <class Char>
-long long signedNumber(std::basic_string_view<Char> text) {
+long long signedNumber(View<Char> text) {
     const bool isNegative = !text.empty() && text.front() == '-';
     if (isNegative) text.remove_prefix(1);
     const unsigned long long magnitude = leadingDigits(text);

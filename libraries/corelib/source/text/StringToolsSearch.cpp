@@ -10,9 +10,6 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-template <class Char>
-using View = std::basic_string_view<Char>;
-
 // Empty if `pos` is past the last character.
 template <class Char>
 View<Char> stretchOf(View<Char> text, std::size_t pos, std::size_t count) {

@@ -9,11 +9,6 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-template <class Char>
-using Text = std::basic_string<Char>;
-template <class Char>
-using View = std::basic_string_view<Char>;
-
 // What divides a text: a single character, any of a set, or a whole substring. Each finds itself or
 // gives all ones.
 
