@@ -149,7 +149,8 @@ template <class Integer, class Char>
 Integer toInteger(const Text<Char>& text) {
     if constexpr (std::signed_integral<Integer>)
         return static_cast<Integer>(NumberForm<Char>::ReadLong(text.c_str(), nullptr, 10));
-    return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(text.c_str(), nullptr, 10));
+    else
+        return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(text.c_str(), nullptr, 10));
 }
 
 template <class Char>

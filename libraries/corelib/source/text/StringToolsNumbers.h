@@ -70,14 +70,18 @@ double toDouble(const std::wstring& text);
 
 template <std::integral Integer>
 std::string toString(Integer number) {
-    if constexpr (std::signed_integral<Integer>) return toString(static_cast<long long>(number));
-    return toString(static_cast<unsigned long long>(number));
+    if constexpr (std::signed_integral<Integer>)
+        return toString(static_cast<long long>(number));
+    else
+        return toString(static_cast<unsigned long long>(number));
 }
 
 template <std::integral Integer>
 std::wstring toWString(Integer number) {
-    if constexpr (std::signed_integral<Integer>) return toWString(static_cast<long long>(number));
-    return toWString(static_cast<unsigned long long>(number));
+    if constexpr (std::signed_integral<Integer>)
+        return toWString(static_cast<long long>(number));
+    else
+        return toWString(static_cast<unsigned long long>(number));
 }
 
 }  // namespace TarvikCorelib::StringTools
