@@ -93,6 +93,16 @@ std::optional<Cut> findLineEnd(View<Char> text, const LineRule<Char>& rule) {
 
 }  // namespace
 
+bool StringSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
+                                std::size_t pos, std::size_t count) {
+    return std::as_const(*this)(start, length, text, pos, count);
+}
+
+bool StringSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
+                                std::size_t pos, std::size_t count) {
+    return std::as_const(*this)(start, length, text, pos, count);
+}
+
 bool StringSearcher::validateParameters(std::string_view text, std::size_t pos,
                                         std::size_t& count) {
     return clampCount(text.size(), pos, count);
@@ -103,10 +113,9 @@ bool StringSearcher::validateParameters(std::wstring_view text, std::size_t pos,
     return clampCount(text.size(), pos, count);
 }
 
-CharSearcher::CharSearcher(const std::string& set) : CharSearcher(set, widen(set)) {}
+CharSearcher::CharSearcher(std::string_view set) : CharSearcher(set, widen(set)) {}
 
-CharSearcher::CharSearcher(std::string set, std::wstring setW)
-    : set(std::move(set)), setW(std::move(setW)) {}
+CharSearcher::CharSearcher(std::string_view set, std::wstring_view setW) : set(set), setW(setW) {}
 
 bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
@@ -134,10 +143,10 @@ bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
     return report(cut, pos, start, length);
 }
 
-GlobSearcher::GlobSearcher(const std::string& pattern) : GlobSearcher(pattern, widen(pattern)) {}
+GlobSearcher::GlobSearcher(std::string_view pattern) : GlobSearcher(pattern, widen(pattern)) {}
 
-GlobSearcher::GlobSearcher(std::string pattern, std::wstring patternW)
-    : pattern(std::move(pattern)), patternW(std::move(patternW)) {}
+GlobSearcher::GlobSearcher(std::string_view pattern, std::wstring_view patternW)
+    : pattern(pattern), patternW(patternW) {}
 
 bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
@@ -151,12 +160,12 @@ bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std
     return report(cut, pos, start, length);
 }
 
-LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, const std::string& breakSet)
+LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string_view breakSet)
     : LineSizeSearcher(lineSize, breakSet, widen(breakSet)) {}
 
-LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string breakSet,
-                                   std::wstring breakSetW)
-    : lineSize(lineSize), breakSet(std::move(breakSet)), breakSetW(std::move(breakSetW)) {}
+LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string_view breakSet,
+                                   std::wstring_view breakSetW)
+    : lineSize(lineSize), breakSet(breakSet), breakSetW(breakSetW) {}
 
 bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                                   std::size_t pos, std::size_t count) const {
