@@ -5,11 +5,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
+#include <cwctype>
+#include <iterator>
 #include <limits>
 
 namespace TarvikCorelib::StringTools {
@@ -145,12 +148,45 @@ bool isTrue(View<Char> text) {
     return !text.empty() && !(text.size() == 1 && text.front() == '0');
 }
 
+bool isBlank(char c) {
+    return std::isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+bool isBlank(wchar_t c) {
+    return std::iswspace(static_cast<std::wint_t>(c)) != 0;
+}
+
+// Reads the number at the front of a text by a function of the C library, from a terminated copy.
+//
+// Only a head of the text is copied, so that a caller may take number after number off a long view.
+// The head doubles until it reaches well behind the number: the cost grows with the number and the
+// blanks in front of it, not with what follows. `copyOf` makes the copy, `read` is given its first
+// character and the place where to store the end of the number.
+template <class Char, class CopyOf, class Read>
+auto readNumber(View<Char> text, CopyOf copyOf, Read read) {
+    // A head may end within a number that seems to end before: "1e+", "-0x.", "infinit".
+    constexpr std::ptrdiff_t longestUndecided = 8;
+    for (std::size_t size = 32;; size *= 2) {
+        const auto head = copyOf(text.substr(0, size));
+        typename decltype(copyOf(text))::value_type* end = nullptr;
+        const auto number = read(head.c_str(), &end);
+
+        const auto blanksEnd =
+            std::find_if_not(head.begin(), head.end(), [](auto c) { return isBlank(c); });
+        const std::ptrdiff_t seen = std::max(end - head.data(), blanksEnd - head.begin());
+        if (size >= text.size() || seen + longestUndecided < std::ssize(head)) return number;
+    }
+}
+
 template <class Integer, class Char>
-Integer toInteger(const Text<Char>& text) {
-    if constexpr (std::signed_integral<Integer>)
-        return static_cast<Integer>(NumberForm<Char>::ReadLong(text.c_str(), nullptr, 10));
-    else
-        return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(text.c_str(), nullptr, 10));
+Integer toInteger(View<Char> text) {
+    const auto copyOf = [](View<Char> head) { return Text<Char>(head); };
+    return readNumber(text, copyOf, [](const Char* head, Char** end) {
+        if constexpr (std::signed_integral<Integer>)
+            return static_cast<Integer>(NumberForm<Char>::ReadLong(head, end, 10));
+        else
+            return static_cast<Integer>(NumberForm<Char>::ReadUnsignedLong(head, end, 10));
+    });
 }
 
 template <class Char>
@@ -229,51 +265,51 @@ bool toBool(std::wstring_view text) {
     return isTrue(text);
 }
 
-std::int8_t toInt8(const std::string& text) {
+std::int8_t toInt8(std::string_view text) {
     return toInteger<std::int8_t>(text);
 }
 
-std::int8_t toInt8(const std::wstring& text) {
+std::int8_t toInt8(std::wstring_view text) {
     return toInteger<std::int8_t>(text);
 }
 
-std::uint8_t toUInt8(const std::string& text) {
+std::uint8_t toUInt8(std::string_view text) {
     return toInteger<std::uint8_t>(text);
 }
 
-std::uint8_t toUInt8(const std::wstring& text) {
+std::uint8_t toUInt8(std::wstring_view text) {
     return toInteger<std::uint8_t>(text);
 }
 
-std::int16_t toInt16(const std::string& text) {
+std::int16_t toInt16(std::string_view text) {
     return toInteger<std::int16_t>(text);
 }
 
-std::int16_t toInt16(const std::wstring& text) {
+std::int16_t toInt16(std::wstring_view text) {
     return toInteger<std::int16_t>(text);
 }
 
-std::uint16_t toUInt16(const std::string& text) {
+std::uint16_t toUInt16(std::string_view text) {
     return toInteger<std::uint16_t>(text);
 }
 
-std::uint16_t toUInt16(const std::wstring& text) {
+std::uint16_t toUInt16(std::wstring_view text) {
     return toInteger<std::uint16_t>(text);
 }
 
-std::int32_t toInt32(const std::string& text) {
+std::int32_t toInt32(std::string_view text) {
     return toInteger<std::int32_t>(text);
 }
 
-std::int32_t toInt32(const std::wstring& text) {
+std::int32_t toInt32(std::wstring_view text) {
     return toInteger<std::int32_t>(text);
 }
 
-std::uint32_t toUInt32(const std::string& text) {
+std::uint32_t toUInt32(std::string_view text) {
     return toInteger<std::uint32_t>(text);
 }
 
-std::uint32_t toUInt32(const std::wstring& text) {
+std::uint32_t toUInt32(std::wstring_view text) {
     return toInteger<std::uint32_t>(text);
 }
 
@@ -293,13 +329,15 @@ unsigned long long toUInt64(std::wstring_view text) {
     return leadingDigits(text);
 }
 
-double toDouble(const std::string& text) {
-    return std::min(std::strtod(text.c_str(), nullptr), std::numeric_limits<double>::max());
+double toDouble(std::string_view text) {
+    const auto copyOf = [](std::string_view head) { return std::string(head); };
+    return std::min(readNumber(text, copyOf, std::strtod), std::numeric_limits<double>::max());
 }
 
-// Not capped as the narrow form is, on purpose.
-double toDouble(const std::wstring& text) {
-    return std::strtod(convert(text).c_str(), nullptr);
+// Quirk: infinity stays as it is here, while the narrow form gives the largest finite number.
+double toDouble(std::wstring_view text) {
+    const auto copyOf = [](std::wstring_view head) { return convert(head); };
+    return readNumber(text, copyOf, std::strtod);
 }
 
 }  // namespace TarvikCorelib::StringTools

@@ -45,18 +45,18 @@ bool toBool(std::wstring_view text);
 
 /// As the C library reads the beginning of the text, cut to the width without a check: 0 where
 /// there is no number.
-std::int8_t toInt8(const std::string& text);
-std::int8_t toInt8(const std::wstring& text);
-std::uint8_t toUInt8(const std::string& text);
-std::uint8_t toUInt8(const std::wstring& text);
-std::int16_t toInt16(const std::string& text);
-std::int16_t toInt16(const std::wstring& text);
-std::uint16_t toUInt16(const std::string& text);
-std::uint16_t toUInt16(const std::wstring& text);
-std::int32_t toInt32(const std::string& text);
-std::int32_t toInt32(const std::wstring& text);
-std::uint32_t toUInt32(const std::string& text);
-std::uint32_t toUInt32(const std::wstring& text);
+std::int8_t toInt8(std::string_view text);
+std::int8_t toInt8(std::wstring_view text);
+std::uint8_t toUInt8(std::string_view text);
+std::uint8_t toUInt8(std::wstring_view text);
+std::int16_t toInt16(std::string_view text);
+std::int16_t toInt16(std::wstring_view text);
+std::uint16_t toUInt16(std::string_view text);
+std::uint16_t toUInt16(std::wstring_view text);
+std::int32_t toInt32(std::string_view text);
+std::int32_t toInt32(std::wstring_view text);
+std::uint32_t toUInt32(std::string_view text);
+std::uint32_t toUInt32(std::wstring_view text);
 /// The digits at the very beginning, behind a "-" if the type is signed; wraps around. Unlike the
 /// narrower forms these take no leading blank and no "+", on purpose.
 long long toInt64(std::string_view text);
@@ -65,8 +65,8 @@ unsigned long long toUInt64(std::string_view text);
 unsigned long long toUInt64(std::wstring_view text);
 /// As the C library reads it. The narrow form gives the largest finite number for infinity, but not
 /// the smallest for its negative; the wide form gives both as they are. On purpose.
-double toDouble(const std::string& text);
-double toDouble(const std::wstring& text);
+double toDouble(std::string_view text);
+double toDouble(std::wstring_view text);
 
 template <std::integral Integer>
 std::string toString(Integer number) {

@@ -103,6 +103,17 @@ TEST(StringToolsNumbersTest, ANumberTooWideIsCutOrWrapsAround) {
     EXPECT_EQ(toUInt64("-1"), 0U);
 }
 
+TEST(StringToolsNumbersTest, AViewEndsWhereItEndsAndALongTextIsReadToItsNumber) {
+    const std::string_view digits = "12345";
+    EXPECT_EQ(toInt16(digits.substr(1, 2)), 23);
+    EXPECT_EQ(toDouble(digits.substr(3, 1)), 4);
+    EXPECT_EQ(toInt32(std::string_view("1\0002", 3)), 1);
+    EXPECT_EQ(toInt32(std::wstring(70, L' ') + L"-7"), -7);
+    EXPECT_EQ(toUInt8(std::string(70, '0') + "8"), 8);
+    EXPECT_EQ(toDouble(std::string(29, '0') + "1e+2x"), 100);
+    EXPECT_EQ(toDouble(std::wstring(70, L'\t') + L"2.5"), 2.5);
+}
+
 TEST(StringToolsNumbersTest, TheLongestIntegersHaveRoom) {
     EXPECT_EQ(toString(std::numeric_limits<long long>::min()), "-9223372036854775808");
     EXPECT_EQ(toWString(~0ULL), L"18446744073709551615");
