@@ -11,17 +11,19 @@ using StringTools::npos;
 using StringTools::Text;
 using StringTools::View;
 
-// In all below the delimiter lies at `found`, or there is none.
+// In the functions below the delimiter is at `found`, or there is none. A substring's length may be
+// 0.
 
-// `substr` throws if there is no delimiter.
+// Without a delimiter the failure of the string itself leaves the call.
 template <class Char>
-Text<Char> behind(const Text<Char>& text, std::size_t found, std::size_t length) {
-    return text.substr(found == npos ? npos : found + length);
+Text<Char> behind(View<Char> text, std::size_t found, std::size_t length) {
+    if (found == npos) return Text<Char>(text).substr(npos);
+    return Text<Char>(text.substr(found + length));
 }
 
 template <class Char>
 Text<Char> takeRight(Text<Char>& text, std::size_t found, std::size_t length) {
-    Text<Char> tail = behind(text, found, length);
+    Text<Char> tail = behind<Char>(text, found, length);
     text.resize(found);
     return tail;
 }
@@ -30,14 +32,14 @@ template <class Char>
 using Halves = std::pair<Text<Char>, Text<Char>>;
 
 template <class Char>
-Halves<Char> leftHalves(const Text<Char>& text, std::size_t found, std::size_t length) {
-    if (found == npos) return {text, Text<Char>(1, ' ')};
-    return {text.substr(0, found), text.substr(found + length)};
+Halves<Char> leftHalves(View<Char> text, std::size_t found, std::size_t length) {
+    if (found == npos) return {Text<Char>(text), Text<Char>(1, ' ')};
+    return {Text<Char>(text.substr(0, found)), Text<Char>(text.substr(found + length))};
 }
 
 template <class Char>
-Halves<Char> rightHalves(const Text<Char>& text, std::size_t found, std::size_t length) {
-    return {text.substr(0, found), behind(text, found, length)};
+Halves<Char> rightHalves(View<Char> text, std::size_t found, std::size_t length) {
+    return {Text<Char>(text.substr(0, found)), behind(text, found, length)};
 }
 
 template <class Container, class Char>
@@ -67,11 +69,13 @@ Pairs splitPairs(BasicSplitData<Char> data) {
     return pairs;
 }
 
-template <class Pairs, class Key>
-std::set<Key> missingKeys(const Pairs& pairs, const std::list<Key>& required) {
-    std::set<Key> missing;
-    for (const Key& key : required) {
-        if (!pairs.contains(key)) missing.insert(key);
+// The required keys are strings or views.
+template <class Pairs, class Keys>
+auto missingKeys(const Pairs& pairs, const Keys& required) {
+    std::set<typename Pairs::key_type> missing;
+    for (const auto& item : required) {
+        typename Pairs::key_type key(item);
+        if (!pairs.contains(key)) missing.insert(std::move(key));
     }
     return missing;
 }
@@ -116,37 +120,43 @@ auto BasicStringSplitter<Char>::rightFirstOf(Text& text, View set) -> Text {
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tLeft(const Text& text, Char delimiter) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tLeft(View text, Char delimiter) -> std::pair<Text, Text> {
     return leftHalves(text, text.find(delimiter), 1);
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tLeft(const Text& text, View delimiter) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tLeft(View text, View delimiter) -> std::pair<Text, Text> {
     return leftHalves(text, text.find(delimiter), delimiter.size());
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tLeftFirstOf(const Text& text, View set) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tLeftFirstOf(View text, View set) -> std::pair<Text, Text> {
     return leftHalves(text, text.find_first_of(set), 1);
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tRight(const Text& text, Char delimiter) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tRight(View text, Char delimiter) -> std::pair<Text, Text> {
     return rightHalves(text, text.rfind(delimiter), 1);
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tRight(const Text& text, View delimiter) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tRight(View text, View delimiter) -> std::pair<Text, Text> {
     return rightHalves(text, text.rfind(delimiter), delimiter.size());
 }
 
 template <class Char>
-auto BasicStringSplitter<Char>::tRightFirstOf(const Text& text, View set) -> std::pair<Text, Text> {
+auto BasicStringSplitter<Char>::tRightFirstOf(View text, View set) -> std::pair<Text, Text> {
     return rightHalves(text, text.find_last_of(set), 1);
 }
 
 template <class Char>
 auto BasicStringSplitter<Char>::verifyMap(const Map& map, const std::list<Text>& required)
+    -> std::set<Text> {
+    return missingKeys(map, required);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const Map& map, std::initializer_list<View> required)
     -> std::set<Text> {
     return missingKeys(map, required);
 }
@@ -158,6 +168,12 @@ auto BasicStringSplitter<Char>::verifyMap(const Map& map, View required) -> std:
 
 template <class Char>
 auto BasicStringSplitter<Char>::verifyMap(const MultiMap& map, const std::list<Text>& required)
+    -> std::set<Text> {
+    return missingKeys(map, required);
+}
+
+template <class Char>
+auto BasicStringSplitter<Char>::verifyMap(const MultiMap& map, std::initializer_list<View> required)
     -> std::set<Text> {
     return missingKeys(map, required);
 }

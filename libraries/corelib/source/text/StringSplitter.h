@@ -4,6 +4,7 @@
 #include "libraries/corelib/source/text/SplitData.h"
 
 #include <cstddef>
+#include <initializer_list>
 #include <list>
 #include <map>
 #include <set>
@@ -40,13 +41,13 @@ public:
 
     /// What stands before and behind the first delimiter. Without one, on purpose, all of `text`
     /// and a string of one space.
-    static std::pair<Text, Text> tLeft(const Text& text, Char delimiter);
-    static std::pair<Text, Text> tLeft(const Text& text, View delimiter);
-    static std::pair<Text, Text> tLeftFirstOf(const Text& text, View set);
+    static std::pair<Text, Text> tLeft(View text, Char delimiter);
+    static std::pair<Text, Text> tLeft(View text, View delimiter);
+    static std::pair<Text, Text> tLeftFirstOf(View text, View set);
     /// What stands before and behind the last delimiter. Without one they throw as `right` does.
-    static std::pair<Text, Text> tRight(const Text& text, Char delimiter);
-    static std::pair<Text, Text> tRight(const Text& text, View delimiter);
-    static std::pair<Text, Text> tRightFirstOf(const Text& text, View set);
+    static std::pair<Text, Text> tRight(View text, Char delimiter);
+    static std::pair<Text, Text> tRight(View text, View delimiter);
+    static std::pair<Text, Text> tRightFirstOf(View text, View set);
 
     /// The items between the delimiters, of which at most `limit`: the last one then holds all that
     /// is left, delimiters included, untrimmed at its end; 0 gives the whole text as it is. Items
@@ -127,8 +128,10 @@ public:
     /// The required keys that the map lacks. As a text these are divided by commas, trimmed and
     /// skipped if empty; between quotes a comma is none, and the quotes stay with the key.
     static std::set<Text> verifyMap(const Map& map, const std::list<Text>& required);
+    static std::set<Text> verifyMap(const Map& map, std::initializer_list<View> required);
     static std::set<Text> verifyMap(const Map& map, View required);
     static std::set<Text> verifyMap(const MultiMap& map, const std::list<Text>& required);
+    static std::set<Text> verifyMap(const MultiMap& map, std::initializer_list<View> required);
     static std::set<Text> verifyMap(const MultiMap& map, View required);
 
 private:
@@ -204,8 +207,7 @@ public:
 private:
     static void internalJoin(std::string& joined, std::string_view text, std::string_view delimiter,
                              int flags);
-    static void internalJoin(std::string& joined,
-                             const std::pair<const std::string, std::string>& pair,
+    static void internalJoin(std::string& joined, std::string_view key, std::string_view value,
                              std::string_view itemDelimiter, std::string_view keyValueDelimiter,
                              int flags);
 };
@@ -213,7 +215,7 @@ private:
 template <class Container>
 std::string StringSplitter::join(const Container& items, std::string_view delimiter, int flags) {
     std::string joined;
-    for (const std::string& item : items)
+    for (const std::string_view item : items)
         internalJoin(joined, item, delimiter, flags);
     return joined;
 }
@@ -222,8 +224,8 @@ template <class Pairs>
 std::string StringSplitter::join(const Pairs& pairs, std::string_view itemDelimiter,
                                  std::string_view keyValueDelimiter, int flags) {
     std::string joined;
-    for (const auto& pair : pairs)
-        internalJoin(joined, pair, itemDelimiter, keyValueDelimiter, flags);
+    for (const auto& [key, value] : pairs)
+        internalJoin(joined, key, value, itemDelimiter, keyValueDelimiter, flags);
     return joined;
 }
 

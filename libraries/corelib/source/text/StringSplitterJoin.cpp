@@ -100,14 +100,13 @@ void StringSplitter::internalJoin(std::string& joined, std::string_view text,
     append(joined, text, delimiter, {}, flags);
 }
 
-void StringSplitter::internalJoin(std::string& joined,
-                                  const std::pair<const std::string, std::string>& pair,
+void StringSplitter::internalJoin(std::string& joined, std::string_view key, std::string_view value,
                                   std::string_view itemDelimiter,
                                   std::string_view keyValueDelimiter, int flags) {
     if (!joined.empty()) joined += itemDelimiter;
-    append(joined, pair.first, itemDelimiter, keyValueDelimiter, flags);
+    append(joined, key, itemDelimiter, keyValueDelimiter, flags);
     joined += keyValueDelimiter;
-    append(joined, pair.second, itemDelimiter, keyValueDelimiter, flags);
+    append(joined, value, itemDelimiter, keyValueDelimiter, flags);
 }
 
 }  // namespace TarvikCorelib

@@ -1,6 +1,8 @@
 /// Takes texts apart and joins them. `StringSplitter` can do more.
 #pragma once
 
+#include "libraries/corelib/source/text/StringToolsCharacters.h"
+
 #include <cstddef>
 #include <list>
 #include <map>
@@ -109,29 +111,32 @@ std::multimap<std::wstring, std::wstring> splitSubstrMap(std::wstring_view text,
                                                          std::wstring_view keyValueDelimiter,
                                                          bool skipEmptyKey, bool unique);
 
-/// The items of a list, vector, set or multiset in its order, with the delimiter between them. An
-/// item gets none before it as long as the result is empty, so leading empty items vanish.
-template <class Container, class Text = typename Container::value_type>
-[[nodiscard]] Text join(const Container& items, const std::type_identity_t<Text>& delimiter);
+/// Joins the items of a container, strings or views, in its order, with the delimiter between them.
+/// An item gets no delimiter before it as long as the result is empty, so leading empty items
+/// vanish.
+template <class Container, class Char = typename Container::value_type::value_type>
+[[nodiscard]] std::basic_string<Char> join(const Container& items,
+                                           std::type_identity_t<View<Char>> delimiter);
 /// The same for the pairs of a map or multimap, each as its key, `keyValueDelimiter` and its value.
-template <class Map, class Text = typename Map::mapped_type>
-[[nodiscard]] Text join(const Map& pairs, const std::type_identity_t<Text>& itemDelimiter,
-                        const std::type_identity_t<Text>& keyValueDelimiter);
+template <class Map, class Char = typename Map::mapped_type::value_type>
+[[nodiscard]] std::basic_string<Char> join(const Map& pairs,
+                                           std::type_identity_t<View<Char>> itemDelimiter,
+                                           std::type_identity_t<View<Char>> keyValueDelimiter);
 
-template <class Container, class Text>
-Text join(const Container& items, const std::type_identity_t<Text>& delimiter) {
-    Text result;
-    for (const Text& item : items) {
+template <class Container, class Char>
+std::basic_string<Char> join(const Container& items, std::type_identity_t<View<Char>> delimiter) {
+    std::basic_string<Char> result;
+    for (const auto& item : items) {
         if (!result.empty()) result += delimiter;
         result += item;
     }
     return result;
 }
 
-template <class Map, class Text>
-Text join(const Map& pairs, const std::type_identity_t<Text>& itemDelimiter,
-          const std::type_identity_t<Text>& keyValueDelimiter) {
-    Text result;
+template <class Map, class Char>
+std::basic_string<Char> join(const Map& pairs, std::type_identity_t<View<Char>> itemDelimiter,
+                             std::type_identity_t<View<Char>> keyValueDelimiter) {
+    std::basic_string<Char> result;
     for (const auto& [key, value] : pairs) {
         if (!result.empty()) result += itemDelimiter;
         result.append(key).append(keyValueDelimiter).append(value);

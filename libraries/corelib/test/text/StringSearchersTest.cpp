@@ -46,6 +46,16 @@ TEST(StringSearchersTest, TheFirstCharacterOfTheSetIsFound) {
     expectCuts(CharSearcher(""), {{"an empty set", "a"}});
 }
 
+TEST(StringSearchersTest, ViewsAndLiteralsAreTextsToo) {
+    std::size_t start = 0;
+    std::size_t length = 0;
+    CharSearcher searcher(std::string_view(",;"));
+    EXPECT_TRUE(searcher(start, length, std::string_view("a;b").substr(1), 0, npos));
+    EXPECT_EQ(start, 0U);
+    EXPECT_TRUE(std::as_const(searcher)(start, length, L"ab,", 0, npos));
+    EXPECT_EQ(start, 2U);
+}
+
 TEST(StringSearchersTest, QuotesHideACharacter) {
     expectCuts(CharSearcherUnquoted(",\""),
                {{"until both kinds close", R"('",' ",)", 5, 1},

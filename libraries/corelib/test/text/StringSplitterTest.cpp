@@ -128,13 +128,14 @@ TEST(StringSplitterTest, LeftAndRightTakeApart) {
     EXPECT_EQ(StringSplitter::tRight(text, "->"), std::pair(std::string("b"), std::string("c")));
     EXPECT_EQ(StringSplitter::rightFirstOf(text, "->"), "c");
     EXPECT_EQ(text, "b-");
-    EXPECT_EQ(StringSplitter::tLeft(text, '-'), std::pair(std::string("b"), std::string()));
+    EXPECT_EQ(StringSplitter::tLeft("b-c", '-'), std::pair(std::string("b"), std::string("c")));
+    EXPECT_EQ(StringSplitter::tLeft(std::wstring_view(L"a=b"), L"="),
+              std::pair(std::wstring(L"a"), std::wstring(L"b")));
 }
 
 TEST(StringSplitterTest, WithoutADelimiterLeftGivesAllAndRightThrows) {
     std::wstring text = L"ab";
-    EXPECT_EQ(StringSplitter::tLeftFirstOf(text, L","),
-              std::pair(std::wstring(L"ab"), std::wstring(L" ")));
+    EXPECT_EQ(StringSplitter::tLeftFirstOf(text, L","), std::pair(text, std::wstring(L" ")));
     EXPECT_THROW(StringSplitter::tRight(text, L','), std::out_of_range);
     EXPECT_THROW(StringSplitter::right(text, L','), std::out_of_range);
     EXPECT_EQ(StringSplitter::left(text, L','), L"ab");
@@ -171,12 +172,16 @@ TEST(StringSplitterTest, JoinPutsDelimitersBetween) {
     const std::multimap<std::string, std::string> pairs{{"a", "1=2"}, {"a", "x y"}};
     EXPECT_EQ(StringSplitter::join(pairs, ", ", "="), "a=1=2, a=x y");
     EXPECT_EQ(StringSplitter::join(pairs, ", ", "=", quoted), R"(a="1=2", a="x y")");
+    EXPECT_EQ(StringSplitter::join(std::array<std::string_view, 2>{"a", "b"}, ","), "a,b");
 }
 
 TEST(StringSplitterTest, VerifyMapFindsTheMissingKeys) {
     const Map map{{"a", ""}, {"b", "1"}};
     EXPECT_EQ(StringSplitter::verifyMap(map, " c, a,,'d,'"), (Set{"c", "'d,'"}));
     EXPECT_EQ(StringSplitter::verifyMap(map, std::list<std::string>{"b", ""}), Set{""});
+    EXPECT_EQ(StringSplitter::verifyMap(map, {"b", "c"}), Set{"c"});
+    EXPECT_EQ(StringSplitter::verifyMap(std::multimap<std::wstring, std::wstring>(), {L"a", L"b"}),
+              (std::set<std::wstring>{L"a", L"b"}));
 }
 
 struct ArgumentCase {

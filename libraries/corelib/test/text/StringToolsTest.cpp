@@ -36,10 +36,10 @@ TEST(StringToolsTest, WhitespaceHasBackspaceAndOtherControlsAreBlankOnlyOnReques
 }
 
 TEST(StringToolsTest, WordsBeginBehindFourBlanksAndSentencesBehindFullStops) {
-    expectChange("words", "hELLO\twORLD-wide\vweb\n(a) b", "Hello\tWorld-wide\vweb\n(a) B",
+    expectChange("words", "hELLO\twORLD-wide\vweb\n(a)\rb c", "Hello\tWorld-wide\vweb\n(a)\rB C",
                  [](auto& text) { return capitalize(text); });
-    expectChange("sentences", "one Two.\n\tthree FOUR!five .six",
-                 "One two.\n\tThree four!five .Six",
+    expectChange("sentences", "one Two.\r\n\tthree FOUR!five .six",
+                 "One two.\r\n\tThree four!five .Six",
                  [](auto& text) { return capitalizeSentence(text); });
     expectChange("all", "aZ1", "az1AZ1", [](auto& text) {
         auto copy = text;
@@ -252,11 +252,13 @@ const auto splits = std::to_array<Items>({
 TEST(StringToolsTest, APlainSplitHasNoEmptyItemAtTheEnd) {
     for (const Items& row : splits) {
         EXPECT_EQ(splitVector(row.text, ',', row.limit, row.skipEmpty), row.items) << row.name;
-        std::vector<std::wstring> wide;
+        std::list<std::wstring> wide;
         for (const std::string& item : row.items)
             wide.push_back(widen(item));
-        EXPECT_EQ(splitVector(widen(row.text), L";,", row.limit, row.skipEmpty), wide) << row.name;
+        EXPECT_EQ(splitList(widen(row.text), L";,", row.limit, row.skipEmpty), wide) << row.name;
     }
+    EXPECT_EQ(splitList("a;b", ';', 0, false), (std::list<std::string>{"a", "b"}));
+    EXPECT_EQ(splitVector(L"a;b,c", L";,", 2, false), (std::vector<std::wstring>{L"a", L"b,c"}));
     EXPECT_EQ(splitSubstrList("a--b-c--", "--", 0, false), (std::list<std::string>{"a", "b-c"}));
     EXPECT_EQ(splitSubstrList("ab", "", 0, false), (std::list<std::string>{"ab"}));
     EXPECT_EQ(join(splitSet("b,a,b", ',', 0, false, false), "+"), "a+b+b");
@@ -267,7 +269,7 @@ TEST(StringToolsTest, AKeyReachesToTheNextKeyValueDelimiter) {
     const auto shown = [](const auto& pairs) { return join(pairs, "|", ":"); };
     EXPECT_EQ(shown(splitMap("a,b=1,c=2=3,d", ',', '=', false, false)), "a,b:1|c:2=3");
     EXPECT_EQ(shown(splitMap("=0,a=1;a=2,b=", ";,", "=", true, true)), "a:1|b:");
-    EXPECT_EQ(shown(splitMap("=0,a=1", ',', '=', false, false)), ":0|a:1");
+    EXPECT_EQ(shown(splitMap("=0,a=1,a=2", ',', '=', false, false)), ":0|a:1|a:2");
     EXPECT_EQ(join(splitSubstrMap(L"a:=1; b:=2", L"; ", L":=", false, false), L",", L"="),
               L"a=1,b=2");
 }
@@ -275,6 +277,7 @@ TEST(StringToolsTest, AKeyReachesToTheNextKeyValueDelimiter) {
 TEST(StringToolsTest, LeadingEmptyItemsVanishInAJoin) {
     EXPECT_EQ(join(std::vector<std::string>{"", "", "a", "", "b"}, ","), "a,,b");
     EXPECT_EQ(join(std::multiset<std::wstring>{L"b", L"a"}, L", "), L"a, b");
+    EXPECT_EQ(join(std::vector<std::wstring_view>{L"a", L"b"}, std::wstring(L"+")), L"a+b");
 }
 
 }  // namespace
