@@ -33,7 +33,7 @@ using Halves = std::pair<Text<Char>, Text<Char>>;
 
 template <class Char>
 Halves<Char> leftHalves(View<Char> text, std::size_t found, std::size_t length) {
-    if (found == npos) return {Text<Char>(text), Text<Char>(1, ' ')};
+    if (found == npos) return {Text<Char>(text), {}};
     return {Text<Char>(text.substr(0, found)), Text<Char>(text.substr(found + length))};
 }
 

@@ -39,8 +39,7 @@ public:
     static Text right(Text& text, View delimiter);
     static Text rightFirstOf(Text& text, View set);
 
-    /// What stands before and behind the first delimiter. Without one, on purpose, all of `text`
-    /// and a string of one space.
+    /// The text before and behind the first delimiter. Without one, all of `text` and an empty text.
     static std::pair<Text, Text> tLeft(View text, Char delimiter);
     static std::pair<Text, Text> tLeft(View text, View delimiter);
     static std::pair<Text, Text> tLeftFirstOf(View text, View set);
