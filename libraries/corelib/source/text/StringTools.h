@@ -1,8 +1,10 @@
-/// Free functions on strings, for everything else in the suite.
+/// Free functions on strings, for everything else in the suite: all subjects at once.
 ///
-/// Nearly all stand twice, for narrow and for wide strings, and do the same for both; where the two
-/// differ, the comment says so. A stretch is given by `pos`, from 0, and `count` characters; all
-/// ones (`npos`) as a count means all that are left, and a stretch may reach past the end.
+/// A source includes the subjects it uses. Nearly all functions exist for narrow and for wide texts
+/// and do the same for both; where the two differ, the comment says so. A range is given by `pos`,
+/// an index from 0, and `count` characters; all ones (`npos`) as a count means the rest of the
+/// text, and a range may reach past the end. All functions use only their arguments and, where the
+/// comment says so, the process locale, so any thread may call them.
 #pragma once
 
 #include "libraries/corelib/source/text/StringToolsCharacters.h"

@@ -1,4 +1,4 @@
-/// What the text tools know about single characters.
+/// Single characters, and the names that the text tools share.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,10 @@
 
 namespace TarvikCorelib::StringTools {
 
+/// All ones: "none" as a result, "the rest of the text" as a count.
 constexpr auto npos = std::string::npos;
 
+/// A text of either width, for code that is written once for both.
 template <class Char>
 using Text = std::basic_string<Char>;
 template <class Char>
@@ -21,11 +23,12 @@ constexpr bool isDigit(Char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Space, carriage return, line feed, tab, vertical tab, backspace and form feed, in this order.
-/// Backspace belongs to it on purpose. Safe to call from any thread.
+/// White space: space, carriage return, line feed, tab, vertical tab, backspace and form feed, in
+/// this order. Made on first use, by whichever thread comes first.
+/// Quirk: backspace is white space, too.
 const std::string& whitespace();
 const std::wstring& whitespaceW();
-/// That of either kind, for code that is written once for both.
+/// The one of the two that fits the character type.
 template <class Char>
 const std::basic_string<Char>& whitespaceOf();
 

@@ -1,4 +1,6 @@
-/// Writes characters that a text must not hold as others, and reads them back.
+/// Writes characters that a text must not hold by means of others, and reads them back.
+///
+/// All take linear time. A text without anything to escape is copied as it is.
 #pragma once
 
 #include <string>
@@ -10,7 +12,8 @@ namespace TarvikCorelib::StringTools {
 std::string escape(std::string_view text, char c, char replacement, char escapeChar);
 std::wstring escape(std::wstring_view text, wchar_t c, wchar_t replacement, wchar_t escapeChar);
 /// The same for a table: the character at an index of `chars` is written as `escapeChar` and the
-/// one at that index of `replacements`; without one there it is copied as it is.
+/// character at that index of `replacements`. If `replacements` ends before, the character is
+/// copied as it is. Entries take precedence over doubling the escape character.
 std::string escape(std::string_view text, std::string_view chars, std::string_view replacements,
                    char escapeChar);
 std::wstring escape(std::wstring_view text, std::wstring_view chars, std::wstring_view replacements,
@@ -20,18 +23,18 @@ std::wstring escape(std::wstring_view text, std::wstring_view chars, std::wstrin
 /// any other character it stays, with that character; at the very end it is dropped.
 std::string unescape(std::string_view text, char c, char replacement, char escapeChar);
 std::wstring unescape(std::wstring_view text, wchar_t c, wchar_t replacement, wchar_t escapeChar);
-/// The same for a table, the escaped characters first: `escapeChar` and the character at an index
-/// of `encoded` give the one at that index of `plain`.
+/// The same for a table. The order of the two is the reverse of `escape`: `escapeChar` and the
+/// character at an index of `encoded` give the character at that index of `plain`.
 std::string unescape(std::string_view text, std::string_view encoded, std::string_view plain,
                      char escapeChar);
 std::wstring unescape(std::wstring_view text, std::wstring_view encoded, std::wstring_view plain,
                       wchar_t escapeChar);
 
-/// Narrows so that nothing is lost: a character that is not printable 7-bit, and "#", becomes "#",
-/// its number and ";". Those in `keep` are narrowed as by `convert`.
+/// Narrows so that nothing is lost: "#" and each character that is not printable ASCII become "#",
+/// the character's number in decimal digits and ";". Those in `keep` are narrowed by `convert`.
 std::string pconvert(std::wstring_view text, std::wstring_view keep = {});
-/// Reads that back. A "#" without digits and ";" behind it stays as it is. Throws as `convert`
-/// does.
+/// Reads that back. A "#" without digits and ";" behind it stays as it is, and a number too large
+/// is cut. Throws a bare `std::exception` for a byte with the top bit set, as `convert` does.
 std::wstring pconvert(std::string_view text);
 
 }  // namespace TarvikCorelib::StringTools

@@ -6,8 +6,9 @@
 
 namespace TarvikCorelib::StringTools {
 
-/// A hash: each unsigned character counts as a digit to the base 37, wrapping in the width of the
-/// result; an empty text has 0. Stable: it may be stored.
+/// Each unsigned character is a digit to the base 37; the number wraps around in the width of the
+/// result, and an empty text has 0. The result is the same on every machine and in every release,
+/// so it may be stored. It is no defence against keys made to collide.
 std::int16_t hashInt16(std::string_view text);
 std::uint16_t hashUInt16(std::string_view text);
 std::int32_t hashInt32(std::string_view text);

@@ -1,4 +1,6 @@
 /// Numbers as text: written, read, trimmed and rounded.
+///
+/// Nothing here reports a text that is no number: it is read as 0 or left as it is.
 #pragma once
 
 #include <concepts>
@@ -9,21 +11,24 @@
 
 namespace TarvikCorelib::StringTools {
 
-/// Takes the zeros off a decimal number that do not count: "007.50" becomes "7.5". On purpose "0.5"
-/// becomes ".5", and "000" stays. A text with anything but digits, "-" and "." stays as it is.
+/// Removes leading zeros, and behind a "." trailing ones: "007.50" becomes "7.5", "12." becomes
+/// "12". A text with anything but digits, "-" and "." stays as it is.
+/// Quirk: the only zero before a "." goes, too: "0.5" becomes ".5". Nothing but zeros stays: "000".
 std::string& trimNumber(std::string& text);
 std::wstring& trimNumber(std::wstring& text);
 
-/// Rounds a decimal number half up, away from zero, to `decimals` places; with none the "." stays
-/// at the end. Fewer places are filled up with zeros if `padWithZeros`. All that begins with "."
-/// stays as it is, on purpose, and so does what begins with "-" and is no number, or has two ".";
-/// any other text is taken for one unchecked.
+/// Rounds a decimal number to `decimals` places, half away from zero, in the text itself, so that
+/// numbers of any length keep their digits. Zeros are added to fewer places if `padWithZeros` is
+/// set. A text with two "." stays as it is, and so does one behind a "-" that is no number.
+/// Quirk: with no places left the "." stays at the end: "99.5" becomes "100.".
+/// Quirk: a text that begins with "." is never rounded.
+/// Quirk: without a "-" in front the text is not checked: "a.99" becomes "a1.0".
 std::string& roundNumber(std::string& text, std::size_t decimals, bool padWithZeros);
 std::wstring& roundNumber(std::wstring& text, std::size_t decimals, bool padWithZeros);
 
 std::string toString(bool value);  ///< "1" or "0".
 std::wstring toWString(bool value);
-std::string toString(const void* value) = delete;  ///< A text is no truth value.
+std::string toString(const void* value) = delete;  ///< A literal is no truth value.
 std::wstring toWString(const void* value) = delete;
 std::string toString(long long number);
 std::wstring toWString(long long number);
@@ -34,8 +39,9 @@ template <std::integral Integer>
 std::string toString(Integer number);
 template <std::integral Integer>
 std::wstring toWString(Integer number);
-/// With 14 decimals, 15 in the wide form; beyond 1e15 and below 1e-15 in scientific notation with
-/// 15. Zeros at the very end go, on purpose those of an exponent too, and then a "." that is last.
+/// With 14 decimals, 15 in the wide form; above 1e15 and below 1e-15 in magnitude in scientific
+/// notation, with 15. Zeros at the very end are removed, and then a "." that is last.
+/// Quirk: the zeros of an exponent go, too: 5e-300 ends in "e-3".
 std::string toString(double number);
 std::wstring toWString(double number);
 
@@ -43,8 +49,10 @@ std::wstring toWString(double number);
 bool toBool(std::string_view text);
 bool toBool(std::wstring_view text);
 
-/// As the C library reads the beginning of the text, cut to the width without a check: 0 where
-/// there is no number.
+/// As the C library reads a decimal number at the beginning of the text: behind blanks and a sign,
+/// up to the first character that is no digit, limited to the range of `long` (unsigned: of
+/// `unsigned long`). 0 if there is no number.
+/// Quirk: the result is then cut to the width without a check: 300 is 44 in eight bits.
 std::int8_t toInt8(std::string_view text);
 std::int8_t toInt8(std::wstring_view text);
 std::uint8_t toUInt8(std::string_view text);
@@ -57,14 +65,15 @@ std::int32_t toInt32(std::string_view text);
 std::int32_t toInt32(std::wstring_view text);
 std::uint32_t toUInt32(std::string_view text);
 std::uint32_t toUInt32(std::wstring_view text);
-/// The digits at the very beginning, behind a "-" if the type is signed; wraps around. Unlike the
-/// narrower forms these take no leading blank and no "+", on purpose.
+/// The digits at the very beginning, behind a "-" if the type is signed; wraps around.
+/// Quirk: unlike the narrower forms these accept neither a leading blank nor a "+".
 long long toInt64(std::string_view text);
 long long toInt64(std::wstring_view text);
 unsigned long long toUInt64(std::string_view text);
 unsigned long long toUInt64(std::wstring_view text);
-/// As the C library reads it. The narrow form gives the largest finite number for infinity, but not
-/// the smallest for its negative; the wide form gives both as they are. On purpose.
+/// As the C library reads a real number, by the process locale; 0 if there is none.
+/// Quirk: the narrow form returns the largest finite number for infinity, but leaves negative
+/// infinity as it is. The wide form leaves both.
 double toDouble(std::string_view text);
 double toDouble(std::wstring_view text);
 

@@ -8,8 +8,8 @@
 
 namespace TarvikCorelib::StringTools {
 
-/// The number of occurrences in a stretch; those of a substring do not overlap, and an empty one
-/// has none.
+/// The number of occurrences within a range. Those of a substring do not overlap: "aaa" holds "aa"
+/// once. An empty substring has none, and so has a range past the end.
 std::size_t count(std::string_view text, char c, std::size_t pos = 0, std::size_t count = npos);
 std::size_t count(std::wstring_view text, wchar_t c, std::size_t pos = 0, std::size_t count = npos);
 std::size_t count(std::string_view text, std::string_view part, std::size_t pos = 0,
@@ -17,27 +17,29 @@ std::size_t count(std::string_view text, std::string_view part, std::size_t pos 
 std::size_t count(std::wstring_view text, std::wstring_view part, std::size_t pos = 0,
                   std::size_t count = npos);
 
-/// The number of occurrences from `pos` on, or from `pos` backward, this side of the first `stop`.
-/// Backward, a `pos` past the end means the last character.
+/// The number of occurrences from `pos` forward, or from `pos` backward, up to the first `stop` or
+/// the end of the text. Backward, a `pos` past the end means the last character.
 std::size_t countUpTo(std::string_view text, char c, std::size_t pos, char stop);
 std::size_t countUpTo(std::wstring_view text, wchar_t c, std::size_t pos, wchar_t stop);
 std::size_t countDownTo(std::string_view text, char c, std::size_t pos, char stop);
 std::size_t countDownTo(std::wstring_view text, wchar_t c, std::size_t pos, wchar_t stop);
 
-/// The index in `a` of the first difference, with `a` from `posA` laid on `b` from `posB`. Where
-/// one is the shorter it differs at its end; all ones if both end together.
+/// The index in `a` of the first difference between `a` from `posA` on and `b` from `posB` on. If
+/// one of them ends first, they differ there; all ones if both end together.
 std::size_t findFirstDiff(std::string_view a, std::string_view b, std::size_t posA = 0,
                           std::size_t posB = 0);
 std::size_t findFirstDiff(std::wstring_view a, std::wstring_view b, std::size_t posA = 0,
                           std::size_t posB = 0);
 
-/// 0 if `text` has `part` at `pos`; -1 if it is less there, or ends before `part` does, or before
-/// `pos`; 1 if it is greater. Characters are compared as unsigned numbers.
+/// Compares `part` with as many characters of `text` from `pos` on, as unsigned numbers: 0 if they
+/// are equal, 1 if the text is greater, -1 if it is less or ends early. An empty part is equal
+/// anywhere but past the end.
 int subCompare(std::string_view text, std::size_t pos, std::string_view part);
 int subCompare(std::wstring_view text, std::size_t pos, std::wstring_view part);
 
 /// The index of the first occurrence outside quotes, as `StringIterator` reads them, or all ones.
-/// At most `count` characters outside quotes are looked at; 0 means all.
+/// The walk begins at `pos`, outside quotes, and looks at `count` characters outside quotes at
+/// most; 0 means all. A part may reach into quotes: only its first character must be outside.
 std::size_t findNotQuoted(std::string_view text, char c, std::size_t pos = 0,
                           std::size_t count = 0);
 std::size_t findNotQuoted(std::wstring_view text, wchar_t c, std::size_t pos = 0,

@@ -1,4 +1,7 @@
-/// Takes texts apart and joins them. `StringSplitter` can do more.
+/// Takes texts apart and joins them again.
+///
+/// These are the plain forms: no trimming and no quotes. `StringSplitter` has both, and a different
+/// rule for limits and for keys.
 #pragma once
 
 #include "libraries/corelib/source/text/StringToolsCharacters.h"
@@ -14,11 +17,9 @@
 
 namespace TarvikCorelib::StringTools {
 
-// Taking a piece off a text.
-
-/// Take the head: return what stands before the first delimiter, a character or any of a set, and
-/// remove it, with the delimiter, from `text`. Without a delimiter all is returned and `text` is
-/// left empty.
+/// Take the head: return the text before the first delimiter, a character or any of a set, and
+/// remove it from `text` together with the delimiter. Without a delimiter all is returned and
+/// `text` is left empty.
 std::string split(std::string& text, char delimiter);
 std::wstring split(std::wstring& text, wchar_t delimiter);
 std::string split(std::string& text, std::string_view set);
@@ -28,23 +29,22 @@ std::wstring split(std::wstring& text, std::wstring_view set);
 std::string splitSubstr(std::string& text, std::string_view delimiter);
 std::wstring splitSubstr(std::wstring& text, std::wstring_view delimiter);
 
-/// Take the tail: return what stands behind the last delimiter and remove it, with the delimiter,
-/// from `text`. Without a delimiter all is returned and `text` is left empty.
+/// Take the tail: return the text behind the last delimiter and remove it from `text` together with
+/// the delimiter. Without a delimiter all is returned and `text` is left empty.
 std::string rsplit(std::string& text, char delimiter);
 std::wstring rsplit(std::wstring& text, wchar_t delimiter);
 std::string rsplit(std::string& text, std::string_view set);
 std::wstring rsplit(std::wstring& text, std::wstring_view set);
-/// Unlike `rsplit` on purpose: returns what stands before the last delimiter and leaves in `text`
+/// Quirk: unlike `rsplit` this returns the text before the last delimiter, and leaves in `text`
 /// what follows it. Without a delimiter all is returned and `text` is left empty; an empty
 /// delimiter returns an empty string and leaves `text` as it is.
 std::string rsplitSubstr(std::string& text, std::string_view delimiter);
 std::wstring rsplitSubstr(std::wstring& text, std::wstring_view delimiter);
 
-// Splitting into containers, and joining.
-
-/// Split at a character, or at any of a set. With a limit of n all that is left behind n - 1
-/// delimiters is the last item; 0 and all ones mean no limit. Empty items stay unless `skipEmpty`,
-/// but never behind a delimiter that ends the text; those left out count for the limit, too.
+/// Split at a character, or at any of a set. With a limit of n the rest of the text behind n - 1
+/// delimiters is the last item, delimiters included; 0 and all ones mean no limit. A delimiter at
+/// the end of the text makes no empty last item. Other empty items are left out if `skipEmpty` is
+/// set, but their delimiters count for the limit all the same.
 std::list<std::string> splitList(std::string_view text, char delimiter, std::size_t limit,
                                  bool skipEmpty);
 std::list<std::wstring> splitList(std::wstring_view text, wchar_t delimiter, std::size_t limit,
@@ -61,7 +61,7 @@ std::vector<std::string> splitVector(std::string_view text, std::string_view set
                                      bool skipEmpty);
 std::vector<std::wstring> splitVector(std::wstring_view text, std::wstring_view set,
                                       std::size_t limit, bool skipEmpty);
-/// With `unique` an item that is there already is left out.
+/// A multiset; with `unique` an item that it holds already is left out.
 std::multiset<std::string> splitSet(std::string_view text, char delimiter, std::size_t limit,
                                     bool skipEmpty, bool unique);
 std::multiset<std::wstring> splitSet(std::wstring_view text, wchar_t delimiter, std::size_t limit,
@@ -85,10 +85,11 @@ std::multiset<std::string> splitSubstrSet(std::string_view text, std::string_vie
 std::multiset<std::wstring> splitSubstrSet(std::wstring_view text, std::wstring_view delimiter,
                                            std::size_t limit, bool skipEmpty, bool unique);
 
-/// Pairs of key and value. A key is all before the next key-value delimiter, item delimiters
-/// included, on purpose: "a,b=1" has the key "a,b". What follows the last pair without a key-value
-/// delimiter of its own is dropped. With `skipEmptyKey` a pair with an empty key is left out, with
-/// `unique` one whose key is there already.
+/// Pairs of key and value. A value reaches to the next item delimiter. Text behind the last pair
+/// that has no key-value delimiter of its own is dropped. With `skipEmptyKey` a pair with an empty
+/// key is left out, with `unique` one whose key the result holds already.
+/// Quirk: a key reaches to the next key-value delimiter, across item delimiters: "a,b=1" has the
+/// key "a,b".
 std::multimap<std::string, std::string> splitMap(std::string_view text, char itemDelimiter,
                                                  char keyValueDelimiter, bool skipEmptyKey,
                                                  bool unique);
