@@ -56,7 +56,8 @@ void advancePositions(GlobParam<Char>& param) {
     ++param.globPos;
 }
 
-// False on a mismatch. Where the glob ends before one, `handleGlobMatch` decides.
+// False on a mismatch: without a star there is nothing to retry. Where text or glob ends before
+// one, `handleGlobMatch` decides.
 template <class Char>
 bool handleUpToFirstStar(GlobParam<Char>& param) {
     while (isBeforeFirstStar(param)) {
@@ -66,8 +67,10 @@ bool handleUpToFirstStar(GlobParam<Char>& param) {
     return true;
 }
 
-// The steps of `handleGlobMatch` return whether there is another one.
+// One step of `handleGlobMatch` is one character of the text, one of the glob, or both. Each
+// returns whether another step follows; an attempt that ends without `succeed` has failed.
 
+// Lets the star match nothing for now, unless it ends the glob.
 template <class Char>
 bool matchStar(GlobParam<Char>& param) {
     ++param.globPos;
@@ -81,6 +84,7 @@ bool matchStar(GlobParam<Char>& param) {
     return true;
 }
 
+// Lets the last star take one more character.
 template <class Char>
 bool updateOnMisMatchingChar(GlobParam<Char>& param) {
     if (!param.starSeen) return false;
@@ -89,6 +93,7 @@ bool updateOnMisMatchingChar(GlobParam<Char>& param) {
     return true;
 }
 
+// A star that ends the glob may match nothing here. The glob has no two stars in a row.
 template <class Char>
 bool stepAtTextEnd(GlobParam<Char>& param) {
     const std::size_t left = param.globEnd - param.globPos;
@@ -96,7 +101,8 @@ bool stepAtTextEnd(GlobParam<Char>& param) {
     return false;
 }
 
-// A star at the end of the glob never gets here: `matchStar` has given it the rest of the text.
+// The glob ends before the text does. It does not end in a star here: `matchStar` would have given
+// that star the rest of the text.
 template <class Char>
 bool stepAtGlobEnd(GlobParam<Char>& param) {
     if (param.exact) return updateOnMisMatchingChar(param);
@@ -114,8 +120,6 @@ bool step(GlobParam<Char>& param) {
     return true;
 }
 
-// Goes back to the last star only: those before it have matched as early as they can, and to let
-// them match later gains nothing.
 template <class Char>
 void handleGlobMatch(GlobParam<Char>& param) {
     while (step(param)) {
@@ -184,12 +188,12 @@ std::optional<std::pair<std::size_t, std::size_t>> findGlob(std::basic_string_vi
         makeParam(text.substr(0, pos + std::min(count, text.size() - pos)), glob, pos);
     for (std::size_t start = nextStart(param, pos); start < param.textEnd;
          start = nextStart(param, start + 1)) {
-        // Of the attempt before, which saw no star, nothing else is left.
+        // The attempt before saw no star, so these three positions are all that it changed.
         param.start = start;
         param.textPos = start;
         param.globPos = 0;
         if (match(param)) return std::pair(start, param.length);
-        // What follows the first star is nowhere behind this start, so behind no later one either.
+        // The part behind the star was not found anywhere, so a later start cannot help.
         if (param.starSeen) break;
     }
     return std::nullopt;

@@ -1,9 +1,11 @@
-/// The matching of globs, for those that stand below the exceptions of `GlobMatcher`.
+/// The matching of globs, for sources that `GlobMatcher` with its exceptions depends on.
 ///
-/// In a glob "*" stands for any run of characters, also an empty one, and "?" for exactly one. All
-/// other characters stand for themselves: there is no escape and no class, and a directory
-/// separator is a character like others. All functions exist for `char` and `wchar_t`, never throw
-/// on their own, and are safe to call from any thread.
+///   glob = { "*" | "?" | character }
+///
+/// A "*" stands for any run of characters, also an empty one, and a "?" for exactly one. All other
+/// characters stand for themselves: there is no escape and no class, a directory separator is a
+/// character like others, and upper and lower case differ. All functions exist for `char` and
+/// `wchar_t`, throw nothing but lack of memory, and are safe to call from any thread.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +16,19 @@
 
 namespace TarvikCorelib {
 
-/// The state of one attempt. All positions count from the beginning of the text or of the glob.
+/// The state of one attempt to match.
+///
+/// The attempt walks through text and glob side by side and remembers one place to retry from: the
+/// last star seen, with the text behind which it ends for now. On a mismatch the star takes one
+/// more character and the walk continues behind it. Earlier stars need no retry: they have matched
+/// as early as they can, and a later match would leave less text for the rest of the glob. So there
+/// is no recursion and no allocation in the loop; the time is quadratic at worst, and linear for
+/// ordinary globs. All positions count from the beginning of the text or of the glob.
 template <class Char>
 struct GlobParam {
-    std::size_t start = 0;
+    std::size_t start = 0;  ///< Where the match is to begin.
     bool found = false;
-    bool exact = false;  ///< The whole text must match, not only a beginning from `start` on.
+    bool exact = false;  ///< The match must reach to the end of the text.
     std::size_t textPos = 0;
     std::size_t textEnd = 0;
     std::size_t globPos = 0;
@@ -36,15 +45,17 @@ struct GlobParam {
 template <class Char>
 [[nodiscard]] std::basic_string<Char> processGlob(std::basic_string_view<Char> glob);
 
-/// Whether the text from `pos` on, all of it, matches the glob. From its end on it matches "" and
-/// "*" only. Before that a `count` of 0 matches nothing, and any other, on purpose, is ignored.
+/// Whether the text from `pos` to its end matches the glob. If no text is left there, only "" and
+/// "*" match. Otherwise a `count` of 0 matches nothing.
+/// Quirk: any other `count` is ignored: it does not limit the text.
 template <class Char>
 [[nodiscard]] bool matchGlob(std::basic_string_view<Char> text, std::basic_string_view<Char> glob,
                              std::size_t pos, std::size_t count);
 
 /// Start and length of the first match among the `count` characters from `pos` on, all ones meaning
-/// all that are left. A star takes as little as it can, but one that ends the glob takes all.
-/// Nothing if there is no match, as for an empty glob, and if `pos` or `count` leave no character.
+/// the rest of the text. A star takes as few characters as it can, but one that ends the glob takes
+/// them all. Nothing if there is no match, if the glob is empty, and if `pos` or `count` leave no
+/// character.
 template <class Char>
 [[nodiscard]] std::optional<std::pair<std::size_t, std::size_t>> findGlob(
     std::basic_string_view<Char> text, std::basic_string_view<Char> glob, std::size_t pos,

@@ -14,6 +14,7 @@ bool isBlank(Char c) {
     return StringTools::whitespaceOf<Char>().find(c) != StringTools::npos;
 }
 
+// Whether a delimiter begins the text, which is not empty.
 template <class Char>
 bool startsWith(std::basic_string_view<Char> text, SplitTerms::SplitType type,
                 std::basic_string_view<Char> delimiter) {
@@ -21,7 +22,8 @@ bool startsWith(std::basic_string_view<Char> text, SplitTerms::SplitType type,
     return !delimiter.empty() && text.starts_with(delimiter);
 }
 
-// Quotes as `findEndEscaping` reads them.
+// Quotes as `findEndEscaping` reads them: the one open quote, if any, and whether the character
+// before was a backslash that takes effect.
 template <class Char>
 class QuoteState {
 public:
@@ -117,7 +119,7 @@ void BasicSplitData<Char>::findKV(std::size_t& keyStart, std::size_t& keyEnd,
 
     if (!has(SplitTrim)) return;
     if (isFound) keyEnd = std::max(keyStart, keyValue.keyEnd);
-    // Backward, on purpose.
+    // Quirk: the value grows backward instead of losing its white space.
     while (valueStart > keyStart && valueStart < valueEnd && isBlank(text[valueStart]))
         --valueStart;
 }
@@ -137,8 +139,10 @@ std::size_t BasicSplitData<Char>::lengthOf(View wanted) const {
     return type == SplitFirstOf ? 1 : wanted.size();
 }
 
-// Searches anew only from behind the last one found, for as many items as it may serve. Quotes are
-// closed between items, so this holds for them too, unless the item delimiter itself quotes.
+// Searches anew only if the item begins behind the last delimiter found, or a text with a single
+// one at its end would be searched once an item. With `SplitQuoted` that is right as well, since
+// quotes are closed where an item begins; only an item delimiter that holds a quote or a backslash
+// could leave them open.
 template <class Char>
 void BasicSplitData<Char>::findKeyValueDelimiter() {
     constexpr std::array<Char, 3> quoting = {'\'', '"', '\\'};

@@ -29,12 +29,14 @@ void BasicStringIterator<Char>::decParenthesis(Char opening) {
     if (found != openParentheses.end() && --found->second == 0) openParentheses.erase(found);
 }
 
+// Whether a backslash in front takes the power of the current character.
 template <class Char>
 bool BasicStringIterator<Char>::isEscapable() const {
     if (noEscapes) return false;
     return !onlyQuotesEscapable || currentChar == '"' || currentChar == '\'' || currentChar == '\\';
 }
 
+// The effect of a character that is not escaped.
 template <class Char>
 void BasicStringIterator<Char>::read() {
     switch (currentChar) {

@@ -1,4 +1,4 @@
-/// A walk through a text that knows about quotes, escapes and brackets.
+/// A walk through a text that knows quotes, escapes and brackets.
 #pragma once
 
 #include <cstddef>
@@ -8,42 +8,44 @@
 
 namespace TarvikCorelib {
 
-/// Goes through a text a character at a time. Every call of `next` is given the text anew: nothing
-/// of it is kept. The two kinds of quotes toggle independently, so that neither hides the other,
-/// and brackets count inside quotes too.
+/// Goes through a text one character at a time and keeps the state behind each: the quotes and
+/// brackets that are open, and whether a backslash waits for the next character. Each call of
+/// `next` is given the text anew, so nothing of it is kept and there is nothing to outlive; the
+/// cost is constant, but for brackets a lookup among those that are open.
 ///
-/// One that looks for something outside quotes skips a character if `isQuoted` holds after it: an
-/// opening quote is skipped, a closing one is not. A backslash only takes a quote's power away: it
-/// hides no other character.
+/// The two kinds of quotes toggle independently, so neither hides the other, and brackets count
+/// inside quotes, too. A search outside quotes skips a character if `isQuoted` holds behind it: an
+/// opening quote is skipped, a closing one is not. A backslash only takes a quote's power away, or
+/// a bracket's; it hides no character from a search.
 template <class Char>
 class BasicStringIterator {
 public:
     static constexpr auto NoIndex = static_cast<std::size_t>(-1);
 
     BasicStringIterator() = default;
-    /// The first `next` gives the character at `pos`.
+    /// The first `next` moves to the character at `pos`. The text before it is ignored.
     explicit BasicStringIterator(std::uint64_t pos) : pos(pos) {}
 
-    /// Moves to the next character. False at the end of the text; all is then as new, the options
-    /// too, so that another walk can begin.
+    /// Moves to the next character. False at the end of the text: everything is then reset, the
+    /// options and the position of the constructor too, so that another walk can begin.
     bool next(std::basic_string_view<Char> text);
     void clear() { *this = {}; }
 
-    /// The index of the current character; `NoIndex` before the first.
+    /// The index of the current character; `NoIndex` before the first `next`.
     [[nodiscard]] std::size_t index() const { return currentIndex; }
     [[nodiscard]] Char current() const { return currentChar; }
     [[nodiscard]] bool inDoubleQuotes() const { return doubleQuotes; }
     [[nodiscard]] bool inSingleQuotes() const { return singleQuotes; }
     [[nodiscard]] bool isQuoted() const { return doubleQuotes || singleQuotes; }
 
-    /// Only quotes and backslashes can be escaped: other characters behind a backslash are read as
-    /// if it were not there.
+    /// Limits escapes to quotes and backslashes: other characters behind a backslash, such as
+    /// brackets, have their usual effect.
     void setOnlyQuotesEscapable(bool on) { onlyQuotesEscapable = on; }
-    /// A backslash is a character like any other.
+    /// Makes a backslash a character like any other.
     void setNoEscapes(bool on) { noEscapes = on; }
 
     /// How many brackets are open, by their opening character. `next` counts (), <>, [] and {}. A
-    /// closing one without an opening one counts for nothing.
+    /// closing bracket without an opening one is ignored.
     [[nodiscard]] unsigned getOpenParenthesis(Char opening) const;
     void incParenthesis(Char opening) { ++openParentheses[opening]; }
     void decParenthesis(Char opening);
@@ -52,11 +54,11 @@ private:
     [[nodiscard]] bool isEscapable() const;
     void read();
 
-    std::uint64_t pos = 0;
+    std::uint64_t pos = 0;                     // The index of the next character.
     std::map<Char, unsigned> openParentheses;  // Without entries of 0.
     bool doubleQuotes = false;
     bool singleQuotes = false;
-    bool escaped = false;  // The character before was an escape.
+    bool escaped = false;  // The current character is a backslash that escapes the next one.
     bool onlyQuotesEscapable = false;
     bool noEscapes = false;
     Char currentChar = 0;

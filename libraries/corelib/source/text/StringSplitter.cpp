@@ -42,10 +42,13 @@ Halves<Char> rightHalves(View<Char> text, std::size_t found, std::size_t length)
     return {Text<Char>(text.substr(0, found)), behind(text, found, length)};
 }
 
+// Counts the items that are added. The one that reaches the limit is extended to the end of the
+// text, which ends the scan.
 template <class Container, class Char>
 Container splitItems(BasicSplitData<Char> data) {
     Container items;
     const auto add = [&items](View<Char> item) { items.insert(items.end(), Text<Char>(item)); };
+    // Quirk: a limit of 0 makes one item, not none.
     if (data.getLimit() == 0 && !data.getText().empty()) add(data.getText());
 
     std::size_t count = 0;

@@ -15,9 +15,13 @@
 
 namespace TarvikCorelib {
 
-/// The half of `StringSplitter` for one kind of character. A delimiter is a character or a whole
-/// substring, or, in the `FirstOf` forms, any character of a set. An empty substring divides
-/// nothing: a split gives one item, `left` and `right` give an empty piece and leave the text.
+/// The half of `StringSplitter` for one kind of character.
+///
+/// A delimiter is a character, a whole substring or, in the `FirstOf` forms, any character of a
+/// set. An empty substring is in no text: a split makes one item of it all, while `left` and
+/// `right` return an empty text and change nothing. All splits are one scan by `BasicSplitData`;
+/// the public functions only choose its delimiter and the container that is filled. Flags are the
+/// bits of `SplitFlag`.
 template <class Char>
 class BasicStringSplitter : public SplitTerms {
     using Text = std::basic_string<Char>;
@@ -27,31 +31,34 @@ class BasicStringSplitter : public SplitTerms {
     using Data = BasicSplitData<Char>;
 
 public:
-    /// Take the head: return what stands before the first delimiter and remove it, with the
-    /// delimiter, from `text`. Without a delimiter that is all of it.
+    /// Take the head: return the text before the first delimiter and remove it from `text` together
+    /// with the delimiter. Without a delimiter all is returned and `text` is left empty.
     static Text left(Text& text, Char delimiter);
     static Text left(Text& text, View delimiter);
     static Text leftFirstOf(Text& text, View set);
-    /// Take the tail: return what stands behind the last delimiter and cut `text` back to what
-    /// stands before it. Unlike `left`, on purpose, these throw `std::out_of_range` without a
-    /// delimiter and leave `text` as it is.
+    /// Take the tail: return the text behind the last delimiter and cut `text` back to the text
+    /// before it.
+    /// Quirk: unlike `left` these throw `std::out_of_range` without a delimiter. `text` stays as it
+    /// is then.
     static Text right(Text& text, Char delimiter);
     static Text right(Text& text, View delimiter);
     static Text rightFirstOf(Text& text, View set);
 
-    /// The text before and behind the first delimiter. Without one, all of `text` and an empty text.
+    /// The text before and behind the first delimiter. Without one, all of it and an empty text.
     static std::pair<Text, Text> tLeft(View text, Char delimiter);
     static std::pair<Text, Text> tLeft(View text, View delimiter);
     static std::pair<Text, Text> tLeftFirstOf(View text, View set);
-    /// What stands before and behind the last delimiter. Without one they throw as `right` does.
+    /// The text before and behind the last delimiter.
+    /// Quirk: without a delimiter they throw as `right` does.
     static std::pair<Text, Text> tRight(View text, Char delimiter);
     static std::pair<Text, Text> tRight(View text, View delimiter);
     static std::pair<Text, Text> tRightFirstOf(View text, View set);
 
-    /// The items between the delimiters, of which at most `limit`: the last one then holds all that
-    /// is left, delimiters included, untrimmed at its end; 0 gives the whole text as it is. Items
-    /// left out do not count, equal items of a set do. A text that ends in a delimiter has no empty
-    /// last item, an empty text no item at all.
+    /// The items between the delimiters, `limit` of them at most: the last one then holds the rest
+    /// of the text, delimiters included, untrimmed at its end. Items left out do not count for the
+    /// limit, equal items of a set do. A text that ends in a delimiter has no empty last item, an
+    /// empty text no item at all.
+    /// Quirk: a limit of 0 makes one item of the whole text, untrimmed.
     static std::list<Text> toList(View text, Char delimiter, int flags = 0,
                                   std::size_t limit = NoLimit) {
         return internalSplitList({text, SplitChar, delimiter, flags, limit});
@@ -101,8 +108,9 @@ public:
         return internalSplitMultiSet({text, SplitFirstOf, set, flags, limit});
     }
 
-    /// The items as pairs, cut as told at `BasicSplitData::findKV`. An item without a key-value
-    /// delimiter is a key with an empty value. A map keeps the first pair of a key.
+    /// The items as pairs; `BasicSplitData::findKV` says where each is cut, and with which quirks.
+    /// An item without a key-value delimiter is a key with an empty value. A map keeps the first
+    /// pair of a key, a multimap all of them in the order of the text. Pairs have no limit.
     static Map toMap(View text, Char itemDelimiter, Char keyValueDelimiter, int flags = 0) {
         return internalSplitMap({text, SplitChar, itemDelimiter, keyValueDelimiter, flags});
     }
@@ -124,8 +132,8 @@ public:
         return internalSplitMultiMap({text, SplitFirstOf, itemSet, keyValueSet, flags});
     }
 
-    /// The required keys that the map lacks. As a text these are divided by commas, trimmed and
-    /// skipped if empty; between quotes a comma is none, and the quotes stay with the key.
+    /// The required keys that the map lacks. In a single text they are separated by commas outside
+    /// quotes, trimmed, and left out if empty; quotes stay part of the key.
     static std::set<Text> verifyMap(const Map& map, const std::list<Text>& required);
     static std::set<Text> verifyMap(const Map& map, std::initializer_list<View> required);
     static std::set<Text> verifyMap(const Map& map, View required);
@@ -145,7 +153,10 @@ private:
 extern template class BasicStringSplitter<char>;
 extern template class BasicStringSplitter<wchar_t>;
 
-/// All of it for narrow and for wide texts, joining and command lines for narrow ones only.
+/// Splits narrow and wide texts; joins narrow texts and reads command lines, which are narrow.
+///
+/// Both halves are bases, and their functions are overloads here, so a caller writes one name for
+/// both widths. Nothing has state: all functions are static and any thread may call them.
 class StringSplitter : public BasicStringSplitter<char>, public BasicStringSplitter<wchar_t> {
     using Narrow = BasicStringSplitter<char>;
     using Wide = BasicStringSplitter<wchar_t>;
@@ -178,9 +189,10 @@ public:
     using Narrow::toMultiMapFirstOf, Wide::toMultiMapFirstOf;
     using Narrow::verifyMap, Wide::verifyMap;
 
-    /// The items of a list, vector, set or multiset in its order, with the delimiter between them.
-    /// An item gets none before it as long as the result is empty, so leading empty items vanish.
-    /// With `SplitQuoted` each goes through `internalEncode`; other flags change nothing.
+    /// The items of a container, strings or views, in its order, with the delimiter between them.
+    /// With `SplitQuoted` each item goes through `internalEncode`; other flags change nothing.
+    /// Quirk: an item gets no delimiter before it as long as the result is empty, so leading empty
+    /// items vanish.
     template <class Container>
     [[nodiscard]] static std::string join(const Container& items, std::string_view delimiter,
                                           int flags = 0);
@@ -190,17 +202,19 @@ public:
     [[nodiscard]] static std::string join(const Pairs& pairs, std::string_view itemDelimiter,
                                           std::string_view keyValueDelimiter, int flags = 0);
 
-    /// Puts a text in quotes, if it needs them, so that a split with `SplitQuoted` gives it back.
-    /// On purpose that holds only for texts without quotes and backslashes: a quote inside takes
-    /// over from the one around it, and a backslash at the end protects the closing one. In a text
-    /// with both kinds of quotes the two characters behind a delimiter get lost, on purpose too.
+    /// Puts a text in quotes, if it needs them, so that a split with `SplitQuoted` returns it as
+    /// one item. Quirk: this is sure only for texts without quotes and backslashes. A quote inside
+    /// takes over from the one around it, and a backslash at the end takes the power of the closing
+    /// one. Quirk: in a text with both kinds of quotes the two characters behind a delimiter get
+    /// lost.
     static std::string internalEncode(std::string_view text, std::string_view itemDelimiter,
                                       std::string_view keyValueDelimiter);
 
-    /// Splits a command line into its arguments, at spaces outside quotes, up to a line feed. With
-    /// `decode` the escapes inside quotes are turned into the characters they stand for. An
-    /// argument that begins with a quote loses its outer quotes, others keep theirs. One whose
-    /// quote is never closed keeps it, on purpose, unless it is all there is.
+    /// Splits a command line into its arguments, at spaces outside quotes. With `decode` the
+    /// escapes inside quotes are replaced by the characters they stand for. An argument that begins
+    /// with a quote loses its outer quotes, others keep theirs. Quirk: a line feed ends the command
+    /// line, inside quotes, too, and a tab separates nothing. Quirk: a quote that is never closed
+    /// stays, unless it is the whole argument.
     static std::vector<std::string> splitArgString(std::string_view text, bool decode);
 
 private:

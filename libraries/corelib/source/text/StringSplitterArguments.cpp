@@ -4,7 +4,15 @@ namespace TarvikCorelib {
 
 namespace {
 
-// Reads one command line, a character a call of `take`.
+// Reads one command line, one character a call of `take`.
+//
+//   line     = { " " } { argument " " { " " } }
+//   argument = { plain | quoted }
+//   quoted   = quote { character | "\\" character } quote      with the same quote at both ends
+//
+// Three states decide what a character does: outside quotes, inside quotes, and behind a backslash
+// inside quotes. The token keeps its quotes until it is complete, since only its first character
+// decides whether they go.
 class ArgumentReader {
 public:
     explicit ArgumentReader(bool decode) : decode(decode) {}
@@ -36,7 +44,7 @@ void ArgumentReader::take(char c) {
     }
 }
 
-// Only spaces separate: a tab is a character like any other. On purpose.
+// Quirk: only spaces separate. A tab is a character like any other.
 void ArgumentReader::takeOutsideQuotes(char c) {
     if (c == ' ') {
         if (!token.empty()) endToken();
@@ -52,7 +60,7 @@ void ArgumentReader::takeInsideQuotes(char c) {
     if (!escaped || !decode) token += c;
 }
 
-// An escaped 0 gives nothing at all. On purpose.
+// Quirk: an escaped 0 gives nothing at all.
 void ArgumentReader::takeEscaped(char c) {
     constexpr std::string_view codes = "\"'abfnrtv";
     constexpr std::string_view characters = "\"'\a\b\f\n\r\t\v";
@@ -69,7 +77,7 @@ void ArgumentReader::takeEscaped(char c) {
     }
 }
 
-// A token that begins with a double quote loses its last character whatever it is. On purpose.
+// Quirk: a token that begins with a double quote loses its last character, whatever that is.
 void ArgumentReader::endToken() {
     const bool isQuoted = token.front() == '"' || (token.front() == '\'' && token.back() == '\'');
     if (isQuoted && token.size() > 1) token = token.substr(1, token.size() - 2);
@@ -77,7 +85,7 @@ void ArgumentReader::endToken() {
     token.clear();
 }
 
-// A token whose quote is still open loses a last character that equals it, and no more.
+// A token whose quote is still open loses its last character if that is such a quote.
 std::vector<std::string> ArgumentReader::finish() {
     if (quote != 0) {
         if (token.back() == quote) token.pop_back();
@@ -92,7 +100,7 @@ std::vector<std::string> ArgumentReader::finish() {
 
 std::vector<std::string> StringSplitter::splitArgString(std::string_view text, bool decode) {
     ArgumentReader reader(decode);
-    // A line feed ends the command line, even between quotes. On purpose.
+    // Quirk: a line feed ends the command line, inside quotes, too.
     for (const char c : text.substr(0, text.find('\n')))
         reader.take(c);
     return reader.finish();

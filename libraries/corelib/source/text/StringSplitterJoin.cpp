@@ -4,7 +4,9 @@ namespace TarvikCorelib {
 
 namespace {
 
-// What in a text asks for quotes. Characters behind a backslash do not, but for "!".
+// The characters of a text that need quotes. Behind a backslash they need none, but for "!". Which
+// marks there are decides on the quotes around the text: double ones, unless it holds double quotes
+// itself, then single ones, and with both kinds each mark gets quotes of its own.
 struct Marks {
     bool hasOther = false;  // A space or "!".
     bool hasDouble = false;
@@ -41,6 +43,7 @@ void appendQuoted(std::string& out, std::string_view text, char quote) {
     out += quote;
 }
 
+// Each kind of quote is put between quotes of the other kind.
 void appendQuoted(std::string& out, char c) {
     switch (c) {
     case '"':
@@ -53,7 +56,8 @@ void appendQuoted(std::string& out, char c) {
 // For a text with both kinds of quotes.
 std::string encodePieces(std::string_view text, std::string_view itemDelimiter,
                          std::string_view keyValueDelimiter) {
-    constexpr std::size_t dropped = 2;  // So many behind a delimiter get lost, on purpose.
+    // Quirk: so many characters behind a delimiter get lost.
+    constexpr std::size_t dropped = 2;
     std::string encoded;
     for (std::size_t pos = 0; pos < text.size();) {
         const std::string_view rest = text.substr(pos);
