@@ -13,8 +13,8 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// The rules are given the stretch alone and count from its beginning. In an empty one none of them
-// finds anything.
+// What a rule finds. The rules are given the range alone and count from its beginning; in an empty
+// range none of them finds anything.
 struct Cut {
     std::size_t start;
     std::size_t length;
@@ -22,7 +22,7 @@ struct Cut {
 
 // Empty if `pos` is past the last character.
 template <class Char>
-View<Char> stretch(View<Char> text, std::size_t pos, std::size_t count) {
+View<Char> rangeOf(View<Char> text, std::size_t pos, std::size_t count) {
     if (!StringSearcher::validateParameters(text, pos, count)) return {};
     return text.substr(pos, count);
 }
@@ -64,6 +64,7 @@ std::optional<Cut> findMatch(View<Char> text, View<Char> pattern) {
     return Cut{match->first, match->second};
 }
 
+// How to wrap: `blanks` are the characters of the break set that are consumed by a cut.
 template <class Char>
 struct LineRule {
     std::size_t lineSize;
@@ -71,7 +72,8 @@ struct LineRule {
     View<Char> blanks;
 };
 
-// Goes back from `start` to a place that may be cut. A line without one is cut hard.
+// Goes back from `start` to a character of the break set. A line without one, or with one only at
+// its beginning, is cut at `start`.
 template <class Char>
 Cut breakLine(View<Char> text, std::size_t start, const LineRule<Char>& rule) {
     const auto found = text.find_last_of(rule.breakSet, start);
@@ -80,6 +82,8 @@ Cut breakLine(View<Char> text, std::size_t start, const LineRule<Char>& rule) {
     return {found + 1, 0};
 }
 
+// The window is as much of the range as a line may hold. The line feed that ends it, or the end of
+// the window, is `start`; whether that is also the cut depends on what follows the window.
 template <class Char>
 std::optional<Cut> findLineEnd(View<Char> text, const LineRule<Char>& rule) {
     const std::size_t window = std::min(text.size(), rule.lineSize);
@@ -119,27 +123,27 @@ CharSearcher::CharSearcher(std::string_view set, std::wstring_view setW) : set(s
 
 bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
-    const auto cut = findAnyOf<char>(stretch<char>(text, pos, count), set);
+    const auto cut = findAnyOf<char>(rangeOf<char>(text, pos, count), set);
     return report(cut, pos, start, length);
 }
 
 bool CharSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                               std::size_t pos, std::size_t count) const {
-    const auto cut = findAnyOf<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
+    const auto cut = findAnyOf<wchar_t>(rangeOf<wchar_t>(text, pos, count), setW);
     return report(cut, pos, start, length);
 }
 
 bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
                                       const std::string& text, std::size_t pos,
                                       std::size_t count) const {
-    const auto cut = findAnyUnquoted<char>(stretch<char>(text, pos, count), set);
+    const auto cut = findAnyUnquoted<char>(rangeOf<char>(text, pos, count), set);
     return report(cut, pos, start, length);
 }
 
 bool CharSearcherUnquoted::operator()(std::size_t& start, std::size_t& length,
                                       const std::wstring& text, std::size_t pos,
                                       std::size_t count) const {
-    const auto cut = findAnyUnquoted<wchar_t>(stretch<wchar_t>(text, pos, count), setW);
+    const auto cut = findAnyUnquoted<wchar_t>(rangeOf<wchar_t>(text, pos, count), setW);
     return report(cut, pos, start, length);
 }
 
@@ -150,13 +154,13 @@ GlobSearcher::GlobSearcher(std::string_view pattern, std::wstring_view patternW)
 
 bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                               std::size_t pos, std::size_t count) const {
-    const auto cut = findMatch<char>(stretch<char>(text, pos, count), pattern);
+    const auto cut = findMatch<char>(rangeOf<char>(text, pos, count), pattern);
     return report(cut, pos, start, length);
 }
 
 bool GlobSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                               std::size_t pos, std::size_t count) const {
-    const auto cut = findMatch<wchar_t>(stretch<wchar_t>(text, pos, count), patternW);
+    const auto cut = findMatch<wchar_t>(rangeOf<wchar_t>(text, pos, count), patternW);
     return report(cut, pos, start, length);
 }
 
@@ -170,13 +174,13 @@ LineSizeSearcher::LineSizeSearcher(std::uint32_t lineSize, std::string_view brea
 bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::string& text,
                                   std::size_t pos, std::size_t count) const {
     const auto cut =
-        findLineEnd<char>(stretch<char>(text, pos, count), {lineSize, breakSet, whitespace()});
+        findLineEnd<char>(rangeOf<char>(text, pos, count), {lineSize, breakSet, whitespace()});
     return report(cut, pos, start, length);
 }
 
 bool LineSizeSearcher::operator()(std::size_t& start, std::size_t& length, const std::wstring& text,
                                   std::size_t pos, std::size_t count) const {
-    const auto cut = findLineEnd<wchar_t>(stretch<wchar_t>(text, pos, count),
+    const auto cut = findLineEnd<wchar_t>(rangeOf<wchar_t>(text, pos, count),
                                           {lineSize, breakSetW, whitespaceW()});
     return report(cut, pos, start, length);
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <climits>
-#include <cstdlib>
+#include <cstdint>
 #include <cwchar>
 #include <exception>
 
@@ -11,11 +11,12 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// A multibyte state of its own for each character, so that any thread may convert.
+// The state of each character is a fresh one: no conversion sees what another left behind, so any
+// thread may convert.
 wchar_t widened(char byte) {
     std::mbstate_t state{};
     wchar_t c = 0;
-    // More than 1: the byte only begins a character, or is none.
+    // A result above 1 says that the byte only begins a character, or is none.
     const bool isSevenBit = static_cast<unsigned char>(byte) < 0x80;
     if (!isSevenBit || std::mbrtowc(&c, &byte, 1, &state) > 1) throw std::exception();
     return c;
@@ -25,7 +26,8 @@ char lowByte(wchar_t c) {
     return static_cast<char>(c);
 }
 
-// The bytes of one character, or its low byte if the locale has none for it.
+// The bytes of one character in the process locale, or its low byte if the locale has none for it.
+// Held here, so that a text is narrowed without a string for each character.
 class NarrowCharacter {
 public:
     explicit NarrowCharacter(wchar_t c) {

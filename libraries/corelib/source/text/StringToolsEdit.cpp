@@ -10,13 +10,14 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
+// Space, the control characters and, as the character is unsigned, nothing else.
 template <class Char>
 bool isLow(Char c) {
     return static_cast<std::make_unsigned_t<Char>>(c) <= ' ';
 }
 
 template <class Char>
-Text<Char>& trimmedLeft(Text<Char>& text, bool whitespaceOnly) {
+Text<Char>& trimFront(Text<Char>& text, bool whitespaceOnly) {
     const auto first = std::find_if_not(text.begin(), text.end(), [=](Char c) {
         return whitespaceOnly ? whitespaceOf<Char>().find(c) != npos : isLow(c);
     });
@@ -25,7 +26,7 @@ Text<Char>& trimmedLeft(Text<Char>& text, bool whitespaceOnly) {
 }
 
 template <class Char>
-Text<Char>& trimmedRight(Text<Char>& text, bool whitespaceOnly) {
+Text<Char>& trimBack(Text<Char>& text, bool whitespaceOnly) {
     const auto last = std::find_if_not(text.rbegin(), text.rend(), [=](Char c) {
         return whitespaceOnly ? whitespaceOf<Char>().find(c) != npos : isLow(c);
     });
@@ -50,39 +51,40 @@ wchar_t lowered(wchar_t c) {
 }
 
 template <class Char>
-Text<Char>& allRaised(Text<Char>& text) {
+Text<Char>& raiseAll(Text<Char>& text) {
     for (Char& c : text)
         c = raised(c);
     return text;
 }
 
 template <class Char>
-Text<Char>& allLowered(Text<Char>& text) {
+Text<Char>& lowerAll(Text<Char>& text) {
     for (Char& c : text)
         c = lowered(c);
     return text;
 }
 
 template <class Char>
-bool dividesWords(Char c) {
+bool endsWord(Char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
 template <class Char>
-Text<Char>& wordsCapitalized(Text<Char>& text) {
+Text<Char>& capitalizeWords(Text<Char>& text) {
     bool isFirst = true;
     for (Char& c : text) {
         c = isFirst ? raised(c) : lowered(c);
-        isFirst = dividesWords(c);
+        isFirst = endsWord(c);
     }
     return text;
 }
 
+// What ends a word leaves the state as it is: a capital waits for the first other character.
 template <class Char>
-Text<Char>& sentencesCapitalized(Text<Char>& text) {
+Text<Char>& capitalizeSentences(Text<Char>& text) {
     bool isFirst = true;
     for (Char& c : text) {
-        if (dividesWords(c)) continue;
+        if (endsWord(c)) continue;
         c = isFirst ? raised(c) : lowered(c);
         isFirst = c == '.';
     }
@@ -90,13 +92,14 @@ Text<Char>& sentencesCapitalized(Text<Char>& text) {
 }
 
 template <class Char>
-Text<Char>& charsSubstituted(Text<Char>& text, Char from, Char to) {
+Text<Char>& replaceChars(Text<Char>& text, Char from, Char to) {
     std::replace(text.begin(), text.end(), from, to);
     return text;
 }
 
+// Builds the result beside the text: replacing within it would move the tail once a part.
 template <class Char>
-Text<Char>& partsSubstituted(Text<Char>& text, View<Char> from, View<Char> to) {
+Text<Char>& replaceParts(Text<Char>& text, View<Char> from, View<Char> to) {
     auto found = from.empty() ? npos : text.find(from);
     if (found == npos) return text;
     Text<Char> result;
@@ -112,7 +115,7 @@ Text<Char>& partsSubstituted(Text<Char>& text, View<Char> from, View<Char> to) {
 }
 
 template <class Char>
-Text<Char>& unquoted(Text<Char>& text) {
+Text<Char>& dropQuotes(Text<Char>& text) {
     if (text.size() < 2 || text.front() != text.back()) return text;
     if (text.front() != '\'' && text.front() != '"') return text;
     text.pop_back();
@@ -120,9 +123,9 @@ Text<Char>& unquoted(Text<Char>& text) {
     return text;
 }
 
-// The ends of a stretch, cut to the text.
+// The ends of a range, cut to the text.
 template <class Char>
-auto stretchOf(Text<Char>& text, std::size_t pos, std::size_t count) {
+auto rangeOf(Text<Char>& text, std::size_t pos, std::size_t count) {
     const std::size_t first = std::min(pos, text.size());
     const std::size_t last = first + std::min(count, text.size() - first);
     const auto at = [&text](std::size_t i) {
@@ -132,34 +135,34 @@ auto stretchOf(Text<Char>& text, std::size_t pos, std::size_t count) {
 }
 
 template <class Char>
-Text<Char>& reversed(Text<Char>& text, std::size_t pos, std::size_t count) {
-    const auto [first, last] = stretchOf(text, pos, count);
+Text<Char>& reverseRange(Text<Char>& text, std::size_t pos, std::size_t count) {
+    const auto [first, last] = rangeOf(text, pos, count);
     std::reverse(first, last);
     return text;
 }
 
 template <class Char, class IsUnwanted>
-Text<Char>& erased(Text<Char>& text, std::size_t pos, std::size_t count, IsUnwanted isUnwanted) {
-    const auto [first, last] = stretchOf(text, pos, count);
+Text<Char>& eraseIf(Text<Char>& text, std::size_t pos, std::size_t count, IsUnwanted isUnwanted) {
+    const auto [first, last] = rangeOf(text, pos, count);
     text.erase(std::remove_if(first, last, isUnwanted), last);
     return text;
 }
 
 template <class Char>
-Text<Char>& setErased(Text<Char>& text, View<Char> set, std::size_t pos, std::size_t count,
-                      bool ifInSet) {
-    return erased(text, pos, count, [=](Char c) { return (set.find(c) != npos) == ifInSet; });
+Text<Char>& eraseSet(Text<Char>& text, View<Char> set, std::size_t pos, std::size_t count,
+                     bool ifInSet) {
+    return eraseIf(text, pos, count, [=](Char c) { return (set.find(c) != npos) == ifInSet; });
 }
 
 template <class Char>
-Text<Char>& charErased(Text<Char>& text, Char unwanted, std::size_t pos, std::size_t count) {
-    return erased(text, pos, count, [unwanted](Char c) { return c == unwanted; });
+Text<Char>& eraseChar(Text<Char>& text, Char unwanted, std::size_t pos, std::size_t count) {
+    return eraseIf(text, pos, count, [unwanted](Char c) { return c == unwanted; });
 }
 
 enum class Side { Left, Right, Both };
 
 template <class Char>
-Text<Char>& padded(Text<Char>& text, std::size_t width, Char c, Side side) {
+Text<Char>& padTo(Text<Char>& text, std::size_t width, Char c, Side side) {
     if (text.size() >= width) return text;
     const std::size_t missing = width - text.size();
     const std::size_t left = side == Side::Left ? missing : side == Side::Both ? missing / 2 : 0;
@@ -170,27 +173,27 @@ Text<Char>& padded(Text<Char>& text, std::size_t width, Char c, Side side) {
 }  // namespace
 
 std::string& trimLeft(std::string& text, bool whitespaceOnly) {
-    return trimmedLeft(text, whitespaceOnly);
+    return trimFront(text, whitespaceOnly);
 }
 
 std::wstring& trimLeft(std::wstring& text, bool whitespaceOnly) {
-    return trimmedLeft(text, whitespaceOnly);
+    return trimFront(text, whitespaceOnly);
 }
 
 std::string& trimRight(std::string& text, bool whitespaceOnly) {
-    return trimmedRight(text, whitespaceOnly);
+    return trimBack(text, whitespaceOnly);
 }
 
 std::wstring& trimRight(std::wstring& text, bool whitespaceOnly) {
-    return trimmedRight(text, whitespaceOnly);
+    return trimBack(text, whitespaceOnly);
 }
 
 std::string& upper(std::string& text) {
-    return allRaised(text);
+    return raiseAll(text);
 }
 
 std::wstring& upper(std::wstring& text) {
-    return allRaised(text);
+    return raiseAll(text);
 }
 
 wchar_t& upper(wchar_t& c) {
@@ -198,11 +201,11 @@ wchar_t& upper(wchar_t& c) {
 }
 
 std::string& lower(std::string& text) {
-    return allLowered(text);
+    return lowerAll(text);
 }
 
 std::wstring& lower(std::wstring& text) {
-    return allLowered(text);
+    return lowerAll(text);
 }
 
 wchar_t& lower(wchar_t& c) {
@@ -210,101 +213,101 @@ wchar_t& lower(wchar_t& c) {
 }
 
 std::string& capitalize(std::string& text) {
-    return wordsCapitalized(text);
+    return capitalizeWords(text);
 }
 
 std::wstring& capitalize(std::wstring& text) {
-    return wordsCapitalized(text);
+    return capitalizeWords(text);
 }
 
 std::string& capitalizeSentence(std::string& text) {
-    return sentencesCapitalized(text);
+    return capitalizeSentences(text);
 }
 
 std::wstring& capitalizeSentence(std::wstring& text) {
-    return sentencesCapitalized(text);
+    return capitalizeSentences(text);
 }
 
 std::string& substitute(std::string& text, char from, char to) {
-    return charsSubstituted(text, from, to);
+    return replaceChars(text, from, to);
 }
 
 std::wstring& substitute(std::wstring& text, wchar_t from, wchar_t to) {
-    return charsSubstituted(text, from, to);
+    return replaceChars(text, from, to);
 }
 
 std::string& substitute(std::string& text, std::string_view from, std::string_view to) {
-    return partsSubstituted<char>(text, from, to);
+    return replaceParts<char>(text, from, to);
 }
 
 std::wstring& substitute(std::wstring& text, std::wstring_view from, std::wstring_view to) {
-    return partsSubstituted<wchar_t>(text, from, to);
+    return replaceParts<wchar_t>(text, from, to);
 }
 
 std::string& unQuote(std::string& text) {
-    return unquoted(text);
+    return dropQuotes(text);
 }
 
 std::wstring& unQuote(std::wstring& text) {
-    return unquoted(text);
+    return dropQuotes(text);
 }
 
 std::string& reverse(std::string& text, std::size_t pos, std::size_t count) {
-    return reversed(text, pos, count);
+    return reverseRange(text, pos, count);
 }
 
 std::wstring& reverse(std::wstring& text, std::size_t pos, std::size_t count) {
-    return reversed(text, pos, count);
+    return reverseRange(text, pos, count);
 }
 
 std::string& erase(std::string& text, char unwanted, std::size_t pos, std::size_t count) {
-    return charErased(text, unwanted, pos, count);
+    return eraseChar(text, unwanted, pos, count);
 }
 
 std::wstring& erase(std::wstring& text, wchar_t unwanted, std::size_t pos, std::size_t count) {
-    return charErased(text, unwanted, pos, count);
+    return eraseChar(text, unwanted, pos, count);
 }
 
 std::string& erase(std::string& text, std::string_view set, std::size_t pos, std::size_t count) {
-    return setErased<char>(text, set, pos, count, true);
+    return eraseSet<char>(text, set, pos, count, true);
 }
 
 std::wstring& erase(std::wstring& text, std::wstring_view set, std::size_t pos, std::size_t count) {
-    return setErased<wchar_t>(text, set, pos, count, true);
+    return eraseSet<wchar_t>(text, set, pos, count, true);
 }
 
 std::string& eraseAllExcept(std::string& text, std::string_view set, std::size_t pos,
                             std::size_t count) {
-    return setErased<char>(text, set, pos, count, false);
+    return eraseSet<char>(text, set, pos, count, false);
 }
 
 std::wstring& eraseAllExcept(std::wstring& text, std::wstring_view set, std::size_t pos,
                              std::size_t count) {
-    return setErased<wchar_t>(text, set, pos, count, false);
+    return eraseSet<wchar_t>(text, set, pos, count, false);
 }
 
 std::string& pad(std::string& text, std::size_t width, char c) {
-    return padded(text, width, c, Side::Both);
+    return padTo(text, width, c, Side::Both);
 }
 
 std::wstring& pad(std::wstring& text, std::size_t width, wchar_t c) {
-    return padded(text, width, c, Side::Both);
+    return padTo(text, width, c, Side::Both);
 }
 
 std::string& padLeft(std::string& text, std::size_t width, char c) {
-    return padded(text, width, c, Side::Left);
+    return padTo(text, width, c, Side::Left);
 }
 
 std::wstring& padLeft(std::wstring& text, std::size_t width, wchar_t c) {
-    return padded(text, width, c, Side::Left);
+    return padTo(text, width, c, Side::Left);
 }
 
 std::string& padRight(std::string& text, std::size_t width, char c) {
-    return padded(text, width, c, Side::Right);
+    return padTo(text, width, c, Side::Right);
 }
 
 std::wstring& padRight(std::wstring& text, std::size_t width, wchar_t c) {
-    return padded(text, width, c, Side::Right);
+    return padTo(text, width, c, Side::Right);
 }
 
 }  // namespace TarvikCorelib::StringTools

@@ -12,21 +12,26 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// What each character becomes, on its way in or out; both ways the escape character is itself.
+// What is written behind the escape character for each character, or, to undo that, read.
+//
+// Escaping and its reverse differ in the direction of the table alone: `from` and `to` change
+// places. In both directions the escape character stands for itself, unless an entry says
+// otherwise. A lookup is a search in `from`: tables are a few characters long.
 template <class Char>
 struct EscapeTable {
     View<Char> from;
     View<Char> to;
     Char escapeChar;
 
-    // Null for a character without a counterpart. A row goes before the escape character.
+    // Null for a character without a counterpart. Entries take precedence over the escape
+    // character.
     [[nodiscard]] const Char* find(Char c) const {
         if (const auto index = from.find(c); index < to.size()) return &to[index];
         return c == escapeChar ? &escapeChar : nullptr;
     }
 };
 
-// A little longer than the text: few characters need an escape.
+// A fifth more than the text: few characters need an escape.
 template <class Char>
 Text<Char> roomFor(View<Char> text) {
     Text<Char> result;
@@ -75,9 +80,10 @@ bool isPlain(wchar_t c) {
     return c >= L' ' && c <= L'~' && c != L'#';
 }
 
-// Reads "#", digits and ";" at the front of `text` and takes them off it. Of anything less it takes
-// "#" and the digits, as they are: each byte is looked at once.
-void takeReference(std::string_view& text, std::wstring& out) {
+//   reference = "#" digit { digit } ";"
+// Reads a reference at the front of `text` and removes it. Anything less is copied as it is, up to
+// the end of the digits, so that each byte is looked at once.
+void readReference(std::string_view& text, std::wstring& out) {
     const std::string_view tail = text.substr(1);
     const auto* const stop = std::find_if_not(tail.begin(), tail.end(), isDigit<char>);
     const auto digits = static_cast<std::size_t>(stop - tail.begin());
@@ -87,7 +93,7 @@ void takeReference(std::string_view& text, std::wstring& out) {
         out += convert(tail.substr(0, digits));
         return;
     }
-    // The ";" ends the number. A huge one is cut.
+    // The ";" ends the number for the C library, so the view needs no terminated copy.
     out += static_cast<wchar_t>(std::strtol(tail.data(), nullptr, 10));
     text.remove_prefix(1);
 }
@@ -149,7 +155,7 @@ std::wstring pconvert(std::string_view text) {
     result.reserve(text.size());
     while (!text.empty()) {
         if (text.front() == '#') {
-            takeReference(text, result);
+            readReference(text, result);
             continue;
         }
         const std::string_view plain = text.substr(0, text.find('#'));

@@ -42,6 +42,9 @@ bool isDigitOrPoint(Char c) {
     return isDigit(c) || c == '.';
 }
 
+// Trimming and rounding work on the digits of the text. A `double` would change numbers of more
+// than 15 digits, and the user would see others than those that were typed.
+
 template <class Char>
 bool isTrimmable(View<Char> text) {
     if (text.size() == 1 && text.front() == '.') return false;
@@ -50,9 +53,9 @@ bool isTrimmable(View<Char> text) {
 }
 
 template <class Char>
-Text<Char>& trimmed(Text<Char>& text) {
+Text<Char>& trimZeros(Text<Char>& text) {
     if (!isTrimmable<Char>(text)) return text;
-    // The zero before a "." goes too, on purpose; nothing but zeros stays.
+    // Quirk: the zero before a "." goes, too, while a text of nothing but zeros stays.
     if (const auto first = text.find_first_not_of(Char{'0'}); first != npos) text.erase(0, first);
 
     const auto point = text.find(Char{'.'});
@@ -65,15 +68,17 @@ Text<Char>& trimmed(Text<Char>& text) {
 
 template <class Char>
 bool isRoundable(View<Char> text) {
-    // A "." in front is never rounded, on purpose.
+    // Quirk: a text with "." in front is never rounded.
     if (text.empty() || text.front() == '.') return false;
     if (std::count(text.begin(), text.end(), Char{'.'}) > 1) return false;
-    // Only a text with a sign is checked for digits, on purpose.
+    // Quirk: only a text with "-" in front is checked for digits.
     if (text.front() != '-') return true;
     return text.size() > 1 && std::all_of(text.begin() + 1, text.end(), isDigitOrPoint<Char>);
 }
 
-// Adds 1 to the last digit. A carry out of the digits puts a new one before them, behind a sign.
+// Adds 1 to the last digit, as on paper: a 9 becomes 0 and carries to the digit on its left, over a
+// ".". Where the digits end on the left, at the beginning of the text, a sign or a letter, a carry
+// that is left puts a 1 before them.
 template <class Char>
 void roundUp(Text<Char>& text) {
     std::size_t pos = text.size();
@@ -90,6 +95,7 @@ void roundUp(Text<Char>& text) {
     text.insert(pos, 1, Char{'1'});
 }
 
+// The digit at `cut` alone decides: those behind it cannot bring it to a half.
 template <class Char>
 void cutAndRound(Text<Char>& text, std::size_t cut) {
     const Char digit = text[cut];
@@ -98,7 +104,7 @@ void cutAndRound(Text<Char>& text, std::size_t cut) {
 }
 
 template <class Char>
-Text<Char>& rounded(Text<Char>& text, std::size_t decimals, bool padWithZeros) {
+Text<Char>& roundTo(Text<Char>& text, std::size_t decimals, bool padWithZeros) {
     if (!isRoundable<Char>(text)) return text;
     const std::size_t point = std::min(text.find(Char{'.'}), text.size());
     const std::size_t present = point == text.size() ? 0 : text.size() - point - 1;
@@ -118,7 +124,7 @@ Text<Char> digitsOf(Integer number) {
     return {digits.cbegin(), end};
 }
 
-// The zeros at the end of an exponent go too, on purpose.
+// Quirk: the text may end in an exponent, whose zeros go, too.
 std::string_view withoutTrailingZeros(std::string_view text) {
     if (text.find('.') == npos) return text;
     text = text.substr(0, text.find_last_not_of('0') + 1);
@@ -189,6 +195,7 @@ Integer toInteger(View<Char> text) {
     });
 }
 
+// Wraps around, as unsigned arithmetic does.
 template <class Char>
 unsigned long long leadingDigits(View<Char> text) {
     unsigned long long number = 0;
@@ -210,19 +217,19 @@ long long signedNumber(View<Char> text) {
 }  // namespace
 
 std::string& trimNumber(std::string& text) {
-    return trimmed(text);
+    return trimZeros(text);
 }
 
 std::wstring& trimNumber(std::wstring& text) {
-    return trimmed(text);
+    return trimZeros(text);
 }
 
 std::string& roundNumber(std::string& text, std::size_t decimals, bool padWithZeros) {
-    return rounded(text, decimals, padWithZeros);
+    return roundTo(text, decimals, padWithZeros);
 }
 
 std::wstring& roundNumber(std::wstring& text, std::size_t decimals, bool padWithZeros) {
-    return rounded(text, decimals, padWithZeros);
+    return roundTo(text, decimals, padWithZeros);
 }
 
 std::string toString(bool value) {

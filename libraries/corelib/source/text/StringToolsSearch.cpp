@@ -12,7 +12,7 @@ namespace {
 
 // Empty if `pos` is past the last character.
 template <class Char>
-View<Char> stretchOf(View<Char> text, std::size_t pos, std::size_t count) {
+View<Char> rangeOf(View<Char> text, std::size_t pos, std::size_t count) {
     return text.substr(std::min(pos, text.size()), count);
 }
 
@@ -32,7 +32,7 @@ std::size_t countParts(View<Char> text, View<Char> part) {
 
 template <class Char>
 std::size_t countForward(View<Char> text, Char c, std::size_t pos, Char stop) {
-    const View<Char> tail = stretchOf(text, pos, npos);
+    const View<Char> tail = rangeOf(text, pos, npos);
     return countChars(tail.substr(0, tail.find(stop)), c);
 }
 
@@ -66,8 +66,8 @@ int compareAt(View<Char> text, std::size_t pos, View<Char> part) {
     return less ? -1 : 1;
 }
 
-// Walks through the characters outside quotes, at most `count` of them unless that is 0, to the
-// first at which `isWanted` finds what it looks for.
+// Walks through the characters outside quotes to the first that `isWanted` accepts; through `count`
+// of them at most, or all if that is 0.
 template <class Char, class IsWanted>
 std::size_t findOutsideQuotes(View<Char> text, std::size_t pos, std::size_t count,
                               IsWanted isWanted) {
@@ -87,7 +87,8 @@ std::size_t findChar(View<Char> text, Char c, std::size_t pos, std::size_t count
                              [c](const auto& walk) { return walk.current() == c; });
 }
 
-// The next occurrence, quoted or not, is known ahead, so that each is looked for once.
+// Keeps the place of the next occurrence, quoted or not, and searches anew only when the walk has
+// passed it: comparing at each character would be quadratic for a long part.
 template <class Char>
 std::size_t findPart(View<Char> text, View<Char> part, std::size_t pos, std::size_t count) {
     std::size_t next = text.find(part, pos);
@@ -100,21 +101,21 @@ std::size_t findPart(View<Char> text, View<Char> part, std::size_t pos, std::siz
 }  // namespace
 
 std::size_t count(std::string_view text, char c, std::size_t pos, std::size_t count) {
-    return countChars(stretchOf(text, pos, count), c);
+    return countChars(rangeOf(text, pos, count), c);
 }
 
 std::size_t count(std::wstring_view text, wchar_t c, std::size_t pos, std::size_t count) {
-    return countChars(stretchOf(text, pos, count), c);
+    return countChars(rangeOf(text, pos, count), c);
 }
 
 std::size_t count(std::string_view text, std::string_view part, std::size_t pos,
                   std::size_t count) {
-    return countParts(stretchOf(text, pos, count), part);
+    return countParts(rangeOf(text, pos, count), part);
 }
 
 std::size_t count(std::wstring_view text, std::wstring_view part, std::size_t pos,
                   std::size_t count) {
-    return countParts(stretchOf(text, pos, count), part);
+    return countParts(rangeOf(text, pos, count), part);
 }
 
 std::size_t countUpTo(std::string_view text, char c, std::size_t pos, char stop) {

@@ -9,8 +9,9 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// What divides a text: a single character, any of a set, or a whole substring. Each finds itself or
-// gives all ones.
+// The three kinds of delimiters: a single character, any of a set, or a whole substring. Each finds
+// its next place in a text, or returns all ones, and knows the length of what it finds there. The
+// algorithms below are written once for all kinds and both widths; the public functions choose.
 
 template <class Char>
 struct OneChar {
@@ -30,7 +31,7 @@ struct AnyOf {
     }
 };
 
-// An empty one is never found.
+// Quirk: an empty one is never found, while the string itself finds it everywhere.
 template <class Char>
 struct Substring {
     View<Char> part;
@@ -40,7 +41,7 @@ struct Substring {
     }
 };
 
-// Takes the head off, with the delimiter; all of it if there is none.
+// Takes the head off, with the delimiter at `at`; all of the text if that is all ones.
 template <class Char>
 Text<Char> takeHead(Text<Char>& text, std::size_t at, std::size_t length) {
     Text<Char> head = text.substr(0, at);
@@ -61,7 +62,9 @@ Text<Char> takeHeadAt(Text<Char>& text, View<Char> delimiter, std::size_t at) {
     return delimiter.empty() ? Text<Char>() : takeHead(text, at, delimiter.size());
 }
 
-// Takes each item of a text in turn. The limit counts delimiters, those of skipped items too.
+// Gives each item of a text to `take`, in order. The limit counts delimiters, those of skipped
+// items too; a limit of 0 is never reached, and neither is one of all ones. Since the loop ends
+// with the text, a delimiter at its end makes no empty item.
 template <class Char, class Delimiter, class Take>
 void forEachItem(View<Char> text, const Delimiter& delimiter, std::size_t limit, bool skipEmpty,
                  Take take) {
@@ -94,6 +97,8 @@ std::multiset<Text<Char>> itemSet(View<Char> text, const Delimiter& delimiter, s
     return result;
 }
 
+//   text = { key keyValueDelimiter value itemDelimiter } [ rest ]
+// A key may hold item delimiters, and a value may hold key-value delimiters.
 template <class Char, class Delimiter>
 std::multimap<Text<Char>, Text<Char>> pairs(View<Char> text, const Delimiter& itemDelimiter,
                                             const Delimiter& keyValueDelimiter, bool skipEmptyKey,
