@@ -105,7 +105,7 @@ std::multimap<Text<Char>, Text<Char>> pairs(View<Char> text, const Delimiter& it
                                             bool unique) {
     std::multimap<Text<Char>, Text<Char>> result;
     std::size_t pos = 0;
-    for (auto at = keyValueDelimiter.find(text, pos); at != npos && pos < text.size();
+    for (auto at = keyValueDelimiter.find(text, pos); at != npos;
          at = keyValueDelimiter.find(text, pos)) {
         Text<Char> key(text.substr(pos, at - pos));
         const std::size_t valueAt = at + keyValueDelimiter.length();
