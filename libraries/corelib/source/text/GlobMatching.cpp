@@ -25,7 +25,7 @@ bool handleTrivialEmpty(GlobParam<Char>& param) {
     return true;
 }
 
-// True if the attempt is decided. There is text.
+// True if the attempt is decided. There is text, which an empty glob never matches.
 template <class Char>
 bool handleTrivial(GlobParam<Char>& param) {
     if (isGlob(param, "")) return true;
@@ -150,7 +150,9 @@ GlobParam<Char> makeParam(std::basic_string_view<Char> text, std::basic_string_v
     return param;
 }
 
-// The next place from `pos` on where the glob can begin to match, or the end of the text.
+// The next place from `pos` on where the glob can begin to match, or the end of the text. A glob
+// that begins with a character of its own skips the places in between by a search for it, which is
+// many times faster than an attempt at each.
 template <class Char>
 std::size_t nextStart(const GlobParam<Char>& param, std::size_t pos) {
     if (param.glob.empty()) return param.textEnd;
@@ -183,6 +185,7 @@ template <class Char>
 std::optional<std::pair<std::size_t, std::size_t>> findGlob(std::basic_string_view<Char> text,
                                                             std::basic_string_view<Char> glob,
                                                             std::size_t pos, std::size_t count) {
+    // The text ends where the range does: what follows can neither match nor be taken by a star.
     if (pos >= text.size()) return std::nullopt;
     GlobParam<Char> param =
         makeParam(text.substr(0, pos + std::min(count, text.size() - pos)), glob, pos);

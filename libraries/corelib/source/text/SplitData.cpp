@@ -66,6 +66,8 @@ BasicSplitData<Char>::BasicSplitData(View text, SplitType type, View delimiter,
       keyValueDelimiter(keyValueDelimiter),
       flags(flags) {}
 
+// A next start at or behind the end of the text ends the scan. So a delimiter at the very end makes
+// no empty item, and without a delimiter the current item is the last one.
 template <class Char>
 bool BasicSplitData<Char>::advance() {
     if (nextStart >= text.size()) return false;
@@ -84,6 +86,7 @@ void BasicSplitData<Char>::widenToEnd() {
     itemEnd = text.size();
 }
 
+// A value that begins behind its own end is empty.
 template <class Char>
 auto BasicSplitData<Char>::keyAndValue() -> std::pair<View, View> {
     std::size_t keyStart = 0;
@@ -124,7 +127,7 @@ void BasicSplitData<Char>::findKV(std::size_t& keyStart, std::size_t& keyEnd,
         --valueStart;
 }
 
-// The end of the text if there is none.
+// The next delimiter, of items or of keys, from `pos` on; the size of the text if there is none.
 template <class Char>
 std::size_t BasicSplitData<Char>::find(View wanted, std::size_t pos) const {
     if (has(SplitQuoted)) return findEndEscaping(type, wanted, pos);
@@ -156,6 +159,7 @@ void BasicSplitData<Char>::findKeyValueDelimiter() {
     keyValue.keyEnd += keys.find_last_not_of(StringTools::whitespaceOf<Char>()) + 1;
 }
 
+// Nothing but white space leaves an empty item at the end of that space.
 template <class Char>
 void BasicSplitData<Char>::trimItem() {
     const View untrimmed = item();

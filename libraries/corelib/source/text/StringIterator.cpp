@@ -11,6 +11,7 @@ bool BasicStringIterator<Char>::next(std::basic_string_view<Char> text) {
     currentIndex = pos++;
     currentChar = text[currentIndex];
 
+    // A backslash serves one character only, whether that can be escaped or not.
     const bool isPlain = escaped && isEscapable();
     escaped = false;
     if (!isPlain) read();

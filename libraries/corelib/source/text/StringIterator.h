@@ -33,6 +33,7 @@ public:
 
     /// The index of the current character; `NoIndex` before the first `next`.
     [[nodiscard]] std::size_t index() const { return currentIndex; }
+    /// The character there; 0 before the first `next`.
     [[nodiscard]] Char current() const { return currentChar; }
     [[nodiscard]] bool inDoubleQuotes() const { return doubleQuotes; }
     [[nodiscard]] bool inSingleQuotes() const { return singleQuotes; }

@@ -21,6 +21,7 @@ Text<Char> behind(View<Char> text, std::size_t found, std::size_t length) {
     return Text<Char>(text.substr(found + length));
 }
 
+// Changes the text only when nothing can fail any more.
 template <class Char>
 Text<Char> takeRight(Text<Char>& text, std::size_t found, std::size_t length) {
     Text<Char> tail = behind<Char>(text, found, length);
@@ -60,6 +61,7 @@ Container splitItems(BasicSplitData<Char> data) {
     return items;
 }
 
+// A map ignores a key that it holds already, a multimap adds the pair behind its like.
 template <class Pairs, class Char>
 Pairs splitPairs(BasicSplitData<Char> data) {
     Pairs pairs;

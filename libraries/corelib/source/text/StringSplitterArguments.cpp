@@ -27,8 +27,8 @@ private:
     void endToken();
 
     bool decode;
-    char quote = 0;
-    bool escaped = false;
+    char quote = 0;        // The open one, or 0 outside quotes.
+    bool escaped = false;  // Behind a backslash, which only counts inside quotes.
     std::string token;
     std::vector<std::string> arguments;
 };

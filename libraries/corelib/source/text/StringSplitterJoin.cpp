@@ -29,6 +29,8 @@ Marks findMarks(std::string_view text) {
     return marks;
 }
 
+// Unlike for a string, an empty delimiter is in no text.
+
 bool contains(std::string_view text, std::string_view delimiter) {
     return !delimiter.empty() && text.find(delimiter) != std::string_view::npos;
 }
@@ -53,7 +55,7 @@ void appendQuoted(std::string& out, char c) {
     }
 }
 
-// For a text with both kinds of quotes.
+// For a text with both kinds of quotes: characters that are no marks stay without quotes.
 std::string encodePieces(std::string_view text, std::string_view itemDelimiter,
                          std::string_view keyValueDelimiter) {
     // Quirk: so many characters behind a delimiter get lost.

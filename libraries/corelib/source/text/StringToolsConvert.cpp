@@ -47,6 +47,7 @@ private:
     std::size_t size = 1;
 };
 
+// Characters mostly keep their order, so each item is expected at the end of the result.
 template <class To, class From>
 To convertedItems(const From& items) {
     To result;
@@ -71,6 +72,7 @@ void putBytes(wchar_t c, char* bytes) {
         bytes[i] = static_cast<char>(c >> (CHAR_BIT * i));
 }
 
+// From unsigned bytes: a signed one would set all the bits above its own.
 wchar_t getBytes(const char* bytes) {
     std::uint32_t code = 0;
     for (std::size_t i = bytesPerCharacter; i-- > 0;)

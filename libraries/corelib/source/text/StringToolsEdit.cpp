@@ -34,6 +34,9 @@ Text<Char>& trimBack(Text<Char>& text, bool whitespaceOnly) {
     return text;
 }
 
+// The C library takes unsigned values: a byte from 0x80 up would be a negative index into its
+// tables.
+
 char raised(char c) {
     return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
 }
@@ -69,6 +72,7 @@ bool endsWord(Char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
+// One pass. A character is raised if the one before it ended a word, or if there is none.
 template <class Char>
 Text<Char>& capitalizeWords(Text<Char>& text) {
     bool isFirst = true;
@@ -114,6 +118,7 @@ Text<Char>& replaceParts(Text<Char>& text, View<Char> from, View<Char> to) {
     return text;
 }
 
+// Only the outer pair goes: quotes inside are part of the text, even if another pair is left.
 template <class Char>
 Text<Char>& dropQuotes(Text<Char>& text) {
     if (text.size() < 2 || text.front() != text.back()) return text;
@@ -141,6 +146,7 @@ Text<Char>& reverseRange(Text<Char>& text, std::size_t pos, std::size_t count) {
     return text;
 }
 
+// Moves the characters that stay to the front of the range in one pass: linear, however many go.
 template <class Char, class IsUnwanted>
 Text<Char>& eraseIf(Text<Char>& text, std::size_t pos, std::size_t count, IsUnwanted isUnwanted) {
     const auto [first, last] = rangeOf(text, pos, count);

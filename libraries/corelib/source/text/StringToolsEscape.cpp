@@ -39,6 +39,7 @@ Text<Char> roomFor(View<Char> text) {
     return result;
 }
 
+// Looks first whether there is anything to escape: most texts are copied as they are.
 template <class Char>
 Text<Char> escaped(View<Char> text, const EscapeTable<Char>& table) {
     const auto isPlain = [&table](Char c) { return table.find(c) == nullptr; };
@@ -53,6 +54,7 @@ Text<Char> escaped(View<Char> text, const EscapeTable<Char>& table) {
     return result;
 }
 
+// Behind an escape character: an unknown code stays as both characters.
 template <class Char>
 void appendUnescaped(Text<Char>& out, Char code, const EscapeTable<Char>& table) {
     const Char* const plain = table.find(code);
@@ -60,6 +62,9 @@ void appendUnescaped(Text<Char>& out, Char code, const EscapeTable<Char>& table)
     out += plain != nullptr ? *plain : code;
 }
 
+//   text = { run | escapeChar character } [ escapeChar ]
+// Copies each run of other characters as a whole. A last escape character escapes nothing and is
+// dropped.
 template <class Char>
 Text<Char> unescaped(View<Char> text, const EscapeTable<Char>& table) {
     auto found = text.find(table.escapeChar);
@@ -76,6 +81,7 @@ Text<Char> unescaped(View<Char> text, const EscapeTable<Char>& table) {
     return result.append(text, pos);
 }
 
+// Printable ASCII. The "#" is not plain, since it begins a reference.
 bool isPlain(wchar_t c) {
     return c >= L' ' && c <= L'~' && c != L'#';
 }

@@ -8,7 +8,9 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// Wraps around in the unsigned type of that width.
+// The number is built in 64 bits and cut at the end. Sums and products wrap around, and their low
+// bits depend on low bits only, so this is the hash of each narrower width as well. Characters are
+// unsigned: bytes from 0x80 up add, they never subtract.
 template <class Number, class Char>
 Number hash(View<Char> text) {
     using Unsigned = std::make_unsigned_t<Number>;

@@ -19,7 +19,7 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// Where the numbers of narrow and of wide texts differ.
+// What differs between narrow and wide numbers. The algorithms below are written once for both.
 template <class Char>
 struct NumberForm;
 
@@ -52,6 +52,9 @@ bool isTrimmable(View<Char> text) {
                        [](Char c) { return isDigitOrPoint(c) || c == '-'; });
 }
 
+//   number = { "0" } digits [ "." { digit } ]
+// The leading zeros go, unless there is nothing else; behind a "." the trailing zeros go, then the
+// "." if it is last. The "-" counts as a digit here: zeros behind it are not leading ones.
 template <class Char>
 Text<Char>& trimZeros(Text<Char>& text) {
     if (!isTrimmable<Char>(text)) return text;
@@ -66,6 +69,7 @@ Text<Char>& trimZeros(Text<Char>& text) {
     return text;
 }
 
+// Whether the text is taken for a number. The rest of the rounding relies on a single "." at most.
 template <class Char>
 bool isRoundable(View<Char> text) {
     // Quirk: a text with "." in front is never rounded.
@@ -103,6 +107,8 @@ void cutAndRound(Text<Char>& text, std::size_t cut) {
     if (isDigit(digit) && digit >= '5') roundUp(text);
 }
 
+// Cuts behind the last place wanted and, if the first digit cut is 5 or more, adds 1 to the rest.
+// The sign plays no part, which makes it a rounding away from zero.
 template <class Char>
 Text<Char>& roundTo(Text<Char>& text, std::size_t decimals, bool padWithZeros) {
     if (!isRoundable<Char>(text)) return text;
@@ -117,6 +123,7 @@ Text<Char>& roundTo(Text<Char>& text, std::size_t decimals, bool padWithZeros) {
     return text;
 }
 
+// By `to_chars`, which knows no locale and allocates nothing.
 template <class Char, class Integer>
 Text<Char> digitsOf(Integer number) {
     std::array<char, 20> digits{};  // As many as 64 bits need, with a sign.
@@ -132,6 +139,8 @@ std::string_view withoutTrailingZeros(std::string_view text) {
     return text;
 }
 
+// The limits keep the fixed form within the digits that a `double` has: beyond 1e15 it would invent
+// digits, below 1e-15 it would show none.
 template <class Char>
 Text<Char> decimalsOf(double number) {
     if (number == 0) return {Char{'0'}};
@@ -206,6 +215,7 @@ unsigned long long leadingDigits(View<Char> text) {
     return number;
 }
 
+// The sign is applied in the unsigned type: the smallest number has no positive counterpart.
 template <class Char>
 long long signedNumber(View<Char> text) {
     const bool isNegative = !text.empty() && text.front() == '-';

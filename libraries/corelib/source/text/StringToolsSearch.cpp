@@ -10,7 +10,7 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
-// Empty if `pos` is past the last character.
+// The characters of a range. Empty if `pos` is past the last character.
 template <class Char>
 View<Char> rangeOf(View<Char> text, std::size_t pos, std::size_t count) {
     return text.substr(std::min(pos, text.size()), count);
@@ -21,6 +21,7 @@ std::size_t countChars(View<Char> text, Char c) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), c));
 }
 
+// Continues behind each occurrence, so that they do not overlap.
 template <class Char>
 std::size_t countParts(View<Char> text, View<Char> part) {
     if (part.empty()) return 0;
@@ -36,6 +37,7 @@ std::size_t countForward(View<Char> text, Char c, std::size_t pos, Char stop) {
     return countChars(tail.substr(0, tail.find(stop)), c);
 }
 
+// The range ends at `pos` itself and begins behind the last `stop` in it.
 template <class Char>
 std::size_t countBackward(View<Char> text, Char c, std::size_t pos, Char stop) {
     const View<Char> head = text.substr(0, pos < text.size() ? pos + 1 : npos);
@@ -52,6 +54,8 @@ std::size_t firstDiff(View<Char> a, View<Char> b, std::size_t posA, std::size_t 
     return posA + static_cast<std::size_t>(endA - a.begin());
 }
 
+// Compares by unsigned characters. A text that ends early is a beginning of the part, and so less;
+// one that goes on behind the part is equal as far as it is compared.
 template <class Char>
 int compareAt(View<Char> text, std::size_t pos, View<Char> part) {
     if (pos > text.size()) return -1;

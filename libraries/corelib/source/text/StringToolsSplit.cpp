@@ -49,7 +49,7 @@ Text<Char> takeHead(Text<Char>& text, std::size_t at, std::size_t length) {
     return head;
 }
 
-// The same at the other end, for a delimiter of one character.
+// The same for a tail. All its delimiters are single characters.
 template <class Char>
 Text<Char> takeTail(Text<Char>& text, std::size_t at) {
     Text<Char> tail = text.substr(at == npos ? 0 : at + 1);
@@ -57,6 +57,7 @@ Text<Char> takeTail(Text<Char>& text, std::size_t at) {
     return tail;
 }
 
+// An empty delimiter takes nothing, wherever the string found it.
 template <class Char>
 Text<Char> takeHeadAt(Text<Char>& text, View<Char> delimiter, std::size_t at) {
     return delimiter.empty() ? Text<Char>() : takeHead(text, at, delimiter.size());
