@@ -29,7 +29,7 @@ namespace StringTools = TarvikCorelib::StringTools;
 using TarvikCorelib::ParamStream;
 using TarvikCorelib::StringSplitter;
 
-// Words of 3 to 12 letters, a comma behind each, a quoted stretch now and then.
+// Words of 3 to 12 letters, a comma behind each, a quoted one now and then.
 std::string listOfWords(std::size_t size) {
     constexpr auto words = std::to_array<std::string_view>(
         {"cad", "planboard", "idle", "licence", "view", "simulation", "render", "'not used'"});

@@ -55,7 +55,7 @@ Found plainFind(std::string_view text, std::string_view glob, std::size_t pos, s
 
 }  // namespace
 
-// The first two bytes give the stretch; glob and text follow, a zero byte between them.
+// The first two bytes give the range; glob and text follow, with a zero byte between them.
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer calls it so.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) return 0;

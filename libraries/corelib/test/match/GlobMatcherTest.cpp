@@ -28,6 +28,7 @@ const auto matches = std::to_array<MatchCase>({
     {"", {"", "*", "**"}, {"?", "?*", "*?", "a"}},
     {"a", {"a*", "*a", "?*"}, {"a*b", "b*a", "a?", "[a]", "\\a"}},
     {"ab", {"ab*", "?b", "*?b*"}, {"abc", "ab?", "a", "abc*", "a*a"}},
+    {"aa", {"?a"}, {"a"}},
     {"abc", {"a?c", "a**c", "***c***", "*?c", "*??*?"}, {"", "a?", "????", "*??*??", "A*c"}},
     {"aabab", {"*ab", "*a?", "*b*b", "a*ab"}, {"*ba", "a*b?", "*ab?b*b"}},
     {"aXbXc", {"a*b*c", "*X*X*", "?X?X?"}, {"a*c*b", "a*b*b*c"}},
@@ -88,6 +89,7 @@ const auto finds = std::to_array<FindCase>({
     {"abcabc", 3, all, {{"*?", "3+1"}, {"*?*", "3+3"}}},
     {"abcabc", 2, 3, {{"b*", "4+1"}, {"?*", "2+3"}, {"b?", notFound}, {"abc", notFound}}},
     {"aacaxb", 0, all, {{"a?b", "3+3"}, {"aa*a", "0+4"}, {"a?a", "1+3"}, {"ac", "1+2"}}},
+    {"abc", 0, all, {{"*?", "0+1"}}},
     {"abc", 3, all, {{"a", outOfBounds}, {"", outOfBounds}}},
     {"abc", 0, 0, {{"*", outOfBounds}}},
 });

@@ -69,6 +69,7 @@ TEST(StringToolsTextTest, TheLowestByteOfACharacterComesFirst) {
     EXPECT_EQ(decode(bytes, 5), L"\x81234567\xfffffffe");
     EXPECT_EQ(decode(bytes.substr(0, 9), 5), L"\x81234567");
     EXPECT_EQ(encode(L"a", 3), "");
+    EXPECT_EQ(decode(bytes, 3), L"");
 }
 
 TEST(StringToolsTextTest, TheRestOfTheBufferIsCleared) {
@@ -76,6 +77,10 @@ TEST(StringToolsTextTest, TheRestOfTheBufferIsCleared) {
     EXPECT_FALSE(encode(L'a', buffer.data(), 3));
     EXPECT_TRUE(encode(L'b', buffer.data(), 5));
     EXPECT_EQ(buffer, (std::array<char, 6>{'b', 0, 0, 0, 0, 'x'}));
+    EXPECT_TRUE(encode(L'c', buffer.data(), 4));
+    wchar_t c = L'x';
+    EXPECT_TRUE(!decode(c, buffer.data(), 3) && c == L'x');
+    EXPECT_TRUE(decode(c, buffer.data(), 4) && c == L'c');
 }
 
 }  // namespace
