@@ -6,11 +6,13 @@ namespace TarvikCorelib {
 
 namespace {
 
+// By characters, since the glob may be wide.
 template <class Char>
 bool isGlob(const GlobParam<Char>& param, std::string_view glob) {
     return std::equal(param.glob.begin(), param.glob.end(), glob.begin(), glob.end());
 }
 
+// `end` is where the match ends in the text.
 template <class Char>
 void succeed(GlobParam<Char>& param, std::size_t end) {
     param.found = true;
@@ -25,7 +27,8 @@ bool handleTrivialEmpty(GlobParam<Char>& param) {
     return true;
 }
 
-// True if the attempt is decided. There is text, which an empty glob never matches.
+// True if the attempt is decided. There is text, which an empty glob never matches
+// and these two globs always do, all of it, without a walk.
 template <class Char>
 bool handleTrivial(GlobParam<Char>& param) {
     if (isGlob(param, "")) return true;
@@ -137,6 +140,7 @@ bool match(GlobParam<Char>& param) {
     return param.found;
 }
 
+// Copies the glob, once for all attempts, and borrows the text.
 template <class Char>
 GlobParam<Char> makeParam(std::basic_string_view<Char> text, std::basic_string_view<Char> glob,
                           std::size_t start) {

@@ -41,7 +41,8 @@ struct GlobParam {
     std::basic_string<Char> glob;
 };
 
-/// The glob with each run of stars reduced to one.
+/// The glob with each run of stars reduced to one, which matches the same texts. The matching
+/// relies on it: two stars in a row would hide that a star ends the glob.
 template <class Char>
 [[nodiscard]] std::basic_string<Char> processGlob(std::basic_string_view<Char> glob);
 

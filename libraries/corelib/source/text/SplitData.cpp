@@ -99,6 +99,8 @@ auto BasicSplitData<Char>::keyAndValue() -> std::pair<View, View> {
             text.substr(valueStart, valueEnd - valueStart)};
 }
 
+// A delimiter is looked for before the character is read as a quote. So a delimiter that is a quote
+// splits and opens nothing, and one behind a backslash splits as well.
 template <class Char>
 std::size_t BasicSplitData<Char>::findEndEscaping(SplitType type, View delimiter,
                                                   std::size_t pos) const {
@@ -110,6 +112,7 @@ std::size_t BasicSplitData<Char>::findEndEscaping(SplitType type, View delimiter
     return text.size();
 }
 
+// The delimiter found may be behind the item. The end of the item limits the value, not the key.
 template <class Char>
 void BasicSplitData<Char>::findKV(std::size_t& keyStart, std::size_t& keyEnd,
                                   std::size_t& valueStart, std::size_t& valueEnd) {

@@ -48,11 +48,12 @@ public:
     /// For items, of which the caller wants at most `limit`. The scan itself does not count them.
     BasicSplitData(View text, SplitType type, Char delimiter, int flags, std::size_t limit);
     BasicSplitData(View text, SplitType type, View delimiter, int flags, std::size_t limit);
-    /// For pairs: these have no limit and ignore it.
+    /// For pairs, which have no limit. Both delimiters are of the same type.
     BasicSplitData(View text, SplitType type, Char delimiter, Char keyValueDelimiter, int flags);
     BasicSplitData(View text, SplitType type, View delimiter, View keyValueDelimiter, int flags);
 
-    /// Moves to the next item. False at the end of the text.
+    /// Moves to the next item, the first one at first. False at the end of the text, and from then
+    /// on.
     bool advance();
     /// Extends the current item to the end of the text, untrimmed there. It is then the last one.
     void widenToEnd();

@@ -48,6 +48,7 @@ public:
     /// How many brackets are open, by their opening character. `next` counts (), <>, [] and {}. A
     /// closing bracket without an opening one is ignored.
     [[nodiscard]] unsigned getOpenParenthesis(Char opening) const;
+    /// Open and close a bracket by hand, also of a kind that `next` does not count.
     void incParenthesis(Char opening) { ++openParentheses[opening]; }
     void decParenthesis(Char opening);
 

@@ -27,6 +27,7 @@ View<Char> rangeOf(View<Char> text, std::size_t pos, std::size_t count) {
     return text.substr(pos, count);
 }
 
+// Counts the cut from the beginning of the whole text again.
 bool report(const std::optional<Cut>& cut, std::size_t pos, std::size_t& start,
             std::size_t& length) {
     if (!cut) return false;
@@ -48,6 +49,7 @@ std::optional<Cut> findAnyOf(View<Char> text, View<Char> set) {
     return Cut{found, 1};
 }
 
+// The walk begins with the range, outside quotes.
 template <class Char>
 std::optional<Cut> findAnyUnquoted(View<Char> text, View<Char> set) {
     BasicStringIterator<Char> at;
@@ -57,6 +59,7 @@ std::optional<Cut> findAnyUnquoted(View<Char> text, View<Char> set) {
     return std::nullopt;
 }
 
+// By the matching itself, not by `GlobMatcher`: no exception is built for a glob that is not found.
 template <class Char>
 std::optional<Cut> findMatch(View<Char> text, View<Char> pattern) {
     const auto match = findGlob(text, pattern, 0, npos);

@@ -82,6 +82,7 @@ public:
                     std::size_t pos, std::size_t count) const override;
 
 protected:
+    /// The set in each width. For a subclass with another idea of where the set may be found.
     std::string set;
     std::wstring setW;
 };

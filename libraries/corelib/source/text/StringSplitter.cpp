@@ -38,6 +38,7 @@ Halves<Char> leftHalves(View<Char> text, std::size_t found, std::size_t length) 
     return {Text<Char>(text.substr(0, found)), Text<Char>(text.substr(found + length))};
 }
 
+// Without a delimiter the second half fails.
 template <class Char>
 Halves<Char> rightHalves(View<Char> text, std::size_t found, std::size_t length) {
     return {Text<Char>(text.substr(0, found)), behind(text, found, length)};
@@ -85,6 +86,7 @@ auto missingKeys(const Pairs& pairs, const Keys& required) {
     return missing;
 }
 
+// A comma between quotes is part of a key.
 template <class Char>
 std::list<Text<Char>> requiredKeys(View<Char> required) {
     constexpr int flags =

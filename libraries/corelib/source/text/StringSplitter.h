@@ -83,6 +83,7 @@ public:
                                              std::size_t limit = NoLimit) {
         return internalSplitVector({text, SplitFirstOf, set, flags, limit});
     }
+    /// A set keeps one of equal items, a multiset all of them.
     static std::set<Text> toSet(View text, Char delimiter, int flags = 0,
                                 std::size_t limit = NoLimit) {
         return internalSplitSet({text, SplitChar, delimiter, flags, limit});
@@ -142,6 +143,7 @@ public:
     static std::set<Text> verifyMap(const MultiMap& map, View required);
 
 private:
+    // One for each container, so that the loop over the scan is compiled once, in the source.
     static std::list<Text> internalSplitList(Data data);
     static std::vector<Text> internalSplitVector(Data data);
     static std::set<Text> internalSplitSet(Data data);

@@ -18,6 +18,7 @@ public:
     explicit ArgumentReader(bool decode) : decode(decode) {}
 
     void take(char c);
+    // Ends the last argument. The reader is spent afterwards.
     std::vector<std::string> finish();
 
 private:
@@ -54,12 +55,14 @@ void ArgumentReader::takeOutsideQuotes(char c) {
     token += c;
 }
 
+// The closing quote is kept until the token ends. A backslash is kept if nothing is decoded.
 void ArgumentReader::takeInsideQuotes(char c) {
     escaped = c == '\\';
     if (c == quote) quote = 0;
     if (!escaped || !decode) token += c;
 }
 
+// A character without a meaning of its own keeps its backslash.
 // Quirk: an escaped 0 gives nothing at all.
 void ArgumentReader::takeEscaped(char c) {
     constexpr std::string_view codes = "\"'abfnrtv";

@@ -86,6 +86,8 @@ void append(std::string& joined, std::string_view text, std::string_view itemDel
 
 }  // namespace
 
+// The delimiters that a text holds only decide whether it needs quotes; which quotes it gets
+// depends on its marks. An empty delimiter, as for items without keys, is in no text.
 std::string StringSplitter::internalEncode(std::string_view text, std::string_view itemDelimiter,
                                            std::string_view keyValueDelimiter) {
     const Marks marks = findMarks(text);

@@ -30,10 +30,7 @@ const std::string& whitespace();
 const std::wstring& whitespaceW();
 /// The one of the two that fits the character type.
 template <class Char>
-const std::basic_string<Char>& whitespaceOf();
-
-template <class Char>
-const std::basic_string<Char>& whitespaceOf() {
+const Text<Char>& whitespaceOf() {
     if constexpr (std::is_same_v<Char, wchar_t>)
         return whitespaceW();
     else

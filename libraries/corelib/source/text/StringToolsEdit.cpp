@@ -10,6 +10,10 @@ namespace TarvikCorelib::StringTools {
 
 namespace {
 
+// Each operation is a template on the character; the named functions behind this namespace are its
+// two widths. They are no templates themselves, so that literals and views convert to their
+// arguments, and so that their code is compiled once, here.
+
 // Space, the control characters and, as the character is unsigned, nothing else.
 template <class Char>
 bool isLow(Char c) {

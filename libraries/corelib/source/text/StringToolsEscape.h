@@ -19,8 +19,9 @@ std::string escape(std::string_view text, std::string_view chars, std::string_vi
 std::wstring escape(std::wstring_view text, std::wstring_view chars, std::wstring_view replacements,
                     wchar_t escapeChar);
 
-/// Undoes `escape`: `escapeChar` and `replacement` give `c`, `escapeChar` twice gives one; before
-/// any other character it stays, with that character; at the very end it is dropped.
+/// Undoes `escape`: `escapeChar` and `replacement` give `c`, `escapeChar` twice gives one. Before
+/// any other character it stays, together with that character. Quirk: an `escapeChar` at the very
+/// end is dropped.
 std::string unescape(std::string_view text, char c, char replacement, char escapeChar);
 std::wstring unescape(std::wstring_view text, wchar_t c, wchar_t replacement, wchar_t escapeChar);
 /// The same for a table. The order of the two is the reverse of `escape`: `escapeChar` and the

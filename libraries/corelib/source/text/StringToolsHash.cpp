@@ -13,11 +13,10 @@ namespace {
 // unsigned: bytes from 0x80 up add, they never subtract.
 template <class Number, class Char>
 Number hash(View<Char> text) {
-    using Unsigned = std::make_unsigned_t<Number>;
     std::uint64_t value = 0;
     for (const Char c : text)
         value = value * 37 + static_cast<std::make_unsigned_t<Char>>(c);
-    return static_cast<Number>(static_cast<Unsigned>(value));
+    return static_cast<Number>(value);
 }
 
 }  // namespace

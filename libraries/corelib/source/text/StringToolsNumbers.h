@@ -45,7 +45,8 @@ std::wstring toWString(Integer number);
 std::string toString(double number);
 std::wstring toWString(double number);
 
-/// False for an empty text and for "0", true for all else: for "false" too.
+/// False for an empty text and for "0", true for all else.
+/// Quirk: so "false" is true, and "00" as well.
 bool toBool(std::string_view text);
 bool toBool(std::wstring_view text);
 

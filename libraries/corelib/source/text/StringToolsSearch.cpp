@@ -71,7 +71,7 @@ int compareAt(View<Char> text, std::size_t pos, View<Char> part) {
 }
 
 // Walks through the characters outside quotes to the first that `isWanted` accepts; through `count`
-// of them at most, or all if that is 0.
+// of them at most, or all if that is 0. Quotes before `pos` are not seen: the walk begins outside.
 template <class Char, class IsWanted>
 std::size_t findOutsideQuotes(View<Char> text, std::size_t pos, std::size_t count,
                               IsWanted isWanted) {

@@ -1,4 +1,6 @@
 /// Counts, compares and finds characters and parts of a text.
+///
+/// An index in a result counts from the beginning of the whole text, whatever the range.
 #pragma once
 
 #include "libraries/corelib/source/text/StringToolsCharacters.h"

@@ -87,6 +87,7 @@ Container items(View<Char> text, const Delimiter& delimiter, std::size_t limit, 
     return result;
 }
 
+// The set is asked before an item is added: a multiset takes everything.
 template <class Char, class Delimiter>
 std::multiset<Text<Char>> itemSet(View<Char> text, const Delimiter& delimiter, std::size_t limit,
                                   bool skipEmpty, bool unique) {

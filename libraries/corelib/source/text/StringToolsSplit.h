@@ -113,8 +113,8 @@ std::multimap<std::wstring, std::wstring> splitSubstrMap(std::wstring_view text,
                                                          bool skipEmptyKey, bool unique);
 
 /// Joins the items of a container, strings or views, in its order, with the delimiter between them.
-/// An item gets no delimiter before it as long as the result is empty, so leading empty items
-/// vanish.
+/// Quirk: an item gets no delimiter before it as long as the result is empty, so leading empty
+/// items vanish.
 template <class Container, class Char = typename Container::value_type::value_type>
 [[nodiscard]] std::basic_string<Char> join(const Container& items,
                                            std::type_identity_t<View<Char>> delimiter);
