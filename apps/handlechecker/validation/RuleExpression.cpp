@@ -8,16 +8,24 @@ namespace Tarvik {
 
 namespace {
 
-// Where the first of the bytes stands, or the end.
+// The index of the first of these bytes, or the size of the text.
 template <typename... Bytes>
-std::size_t findAny(std::string_view text, std::size_t from, Bytes... bytes) {
-    while (from < text.size() && !((text[from] == bytes) || ...)) {
-        ++from;
+std::size_t findAny(std::string_view text, Bytes... bytes) {
+    std::size_t at = 0;
+    while (at < text.size() && !((text[at] == bytes) || ...)) {
+        ++at;
     }
-    return from;
+    return at;
 }
 
-// What the byte behind a backslash stands for; 0 for nothing but itself.
+// Cuts the first `count` bytes off `rest` and returns them.
+std::string_view takeFront(std::string_view& rest, std::size_t count) {
+    const std::string_view front = rest.substr(0, count);
+    rest.remove_prefix(front.size());
+    return front;
+}
+
+// The meaning of a byte behind a backslash; 0 if both bytes stand for themselves.
 constexpr char escaped(char byte) {
     switch (byte) {
     case '"': return '"';
@@ -33,15 +41,15 @@ constexpr char escaped(char byte) {
     }
 }
 
-// Takes the backslash at `at` and the byte behind it, if there is one.
-void appendEscape(std::string_view text, std::size_t& at, std::string& value) {
-    const char meant = at + 1 < text.size() ? escaped(text[at + 1]) : '\0';
-    if (meant != 0) {
+// Takes the backslash and, if there is one, the byte behind it.
+void takeEscape(std::string_view& rest, std::string& value) {
+    const std::string_view escape = takeFront(rest, 2);
+    const char meant = escaped(escape.back());
+    if (escape.size() == 2 && meant != 0) {
         value += meant;
     } else {
-        value.append(text.substr(at, 2));
+        value.append(escape);
     }
-    at = std::min(at + 2, text.size());
 }
 
 }  // namespace
@@ -55,77 +63,79 @@ bool RuleExpression::read(std::string_view text) {
     if (text.empty()) return true;
     if (opened != closed) return false;
     if (opened) text = text.substr(1, text.size() - 2);
+    // All unquoted values together fit, so none is moved once a view leads to it.
+    unquoted.reserve(text.size());
     const bool good = readPairs(text);
     sortByName();
     return good && opened;
 }
 
 const std::string_view* RuleExpression::valueOf(std::string_view name) const {
-    // Faster than halving: whoever asks has refused rules with more than a few parameters.
+    // Faster than a binary search: callers have refused rules with more than a few parameters.
     const auto first = std::find_if(found.begin(), found.end(), [name](const Parameter& parameter) {
         return parameter.first == name;
     });
     return first != found.end() ? &first->second : nullptr;
 }
 
-bool RuleExpression::readPairs(std::string_view text) {
-    // One pass more when the text ends in a comma or is blank: a name is missing there.
-    for (std::size_t at = 0; at <= text.size(); ++at) {
-        const std::size_t nameEnd = findAny(text, at, '=', ',', '"');
-        const std::string_view name = text.substr(at, nameEnd - at);
-        at = nameEnd;
-        if (at == text.size() || text[at] == ',') {
+// pairs := pair { "," pair }
+// pair  := name "=" value
+// name  := { byte but "=" "," or quote }
+// value := { plain byte | quote { quoted byte | escape } quote }
+//
+// A plain byte is any but a comma or a quote, a quoted one any but a quote or a backslash. A pair
+// may be missing its "=" and value, even be empty, as behind a comma at the end; that is reported
+// and the next pair is read.
+bool RuleExpression::readPairs(std::string_view rest) {
+    // Each turn takes one pair off `rest`, and then the comma behind it.
+    while (true) {
+        const std::string_view name = takeFront(rest, findAny(rest, '=', ',', '"'));
+        if (rest.starts_with('"')) return false;
+        if (rest.starts_with('=')) {
+            rest.remove_prefix(1);
+            std::string_view value;
+            if (!takeValue(rest, value)) break;
+            found.emplace_back(StringTools::trimmed(name), StringTools::trimmed(value));
+        } else {
             valueless.push_back(name);
-            continue;
         }
-        if (text[at] == '"') return false;
-        ++at;
-        std::string_view value;
-        if (!takeValue(text, at, value)) break;
-        found.emplace_back(StringTools::trimmed(name), StringTools::trimmed(value));
+        if (rest.empty()) break;
+        rest.remove_prefix(1);
     }
     return valueless.empty();
 }
 
-// The value from `at` to the comma or the end behind it, where `at` is left. False when the text
-// ends inside quotes.
-bool RuleExpression::takeValue(std::string_view text, std::size_t& at, std::string_view& value) {
-    const std::size_t start = at;
-    at = std::min(text.find(',', start), text.size());
-    value = text.substr(start, at - start);
-    if (value.find('"') == std::string_view::npos) return true;
-
-    at = start;
-    // All values together are no longer than the text: the earlier ones are never moved.
-    unquoted.reserve(text.size());
+bool RuleExpression::takeValue(std::string_view& rest, std::string_view& value) {
+    const std::string_view plain = rest.substr(0, rest.find(','));
+    if (plain.find('"') == std::string_view::npos) {
+        value = takeFront(rest, plain.size());
+        return true;
+    }
     const std::size_t first = unquoted.size();
-    if (!unquote(text, at)) return false;
+    if (!takeQuoted(rest)) return false;
     value = std::string_view(unquoted).substr(first);
     return true;
 }
 
-bool RuleExpression::unquote(std::string_view text, std::size_t& at) {
+bool RuleExpression::takeQuoted(std::string_view& rest) {
     bool quoted = false;
-    while (at < text.size()) {
-        const std::size_t stop =
-            quoted ? findAny(text, at, '"', '\\') : findAny(text, at, '"', ',');
-        unquoted.append(text.substr(at, stop - at));
-        at = stop;
-        if (stop == text.size() || text[stop] == ',') break;
-        if (text[stop] == '\\') {
-            appendEscape(text, at, unquoted);
+    while (true) {
+        const std::size_t stop = quoted ? findAny(rest, '"', '\\') : findAny(rest, '"', ',');
+        unquoted.append(takeFront(rest, stop));
+        if (rest.empty() || rest.front() == ',') return !quoted;
+        if (rest.front() == '\\') {
+            takeEscape(rest, unquoted);
         } else {
+            rest.remove_prefix(1);
             quoted = !quoted;
-            ++at;
         }
     }
-    return !quoted;
 }
 
 void RuleExpression::sortByName() {
     std::sort(found.begin(), found.end(), [](const Parameter& one, const Parameter& other) {
         const int order = one.first.compare(other.first);
-        // Equal names by their places in the text.
+        // Both views lead into one text: a lower address is an earlier parameter.
         return order != 0 ? order < 0 : one.first.data() < other.first.data();
     });
 }
