@@ -1,7 +1,9 @@
 #include "shared/library/common/BasicFile.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -40,12 +42,20 @@ const AccessTraits& traitsOf(FileAccessMode mode) {
     return accessTraits[static_cast<std::size_t>(mode)];
 }
 
-// Whether it is a file as our users mean it, then set to wait in reads and writes as usual.
+// A pipe between processes has no name of its own and is opened by that of its descriptor, such as
+// "/dev/stdout".
+bool isUnnamedPipe(int descriptor) {
+    struct statfs system {};
+    return fstatfs(descriptor, &system) == 0 && system.f_type == PIPEFS_MAGIC;
+}
+
+// Refuses what may keep us waiting for another process. Everything else is set to wait in reads and
+// writes as usual.
 bool isUsable(int descriptor, const AccessTraits& access, struct stat& status) {
     if (fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode)) return false;
     // Nobody ever waits for a regular file.
     if (S_ISREG(status.st_mode)) return true;
-    if (access.reads && S_ISFIFO(status.st_mode)) return false;
+    if (S_ISFIFO(status.st_mode) && (access.reads || !isUnnamedPipe(descriptor))) return false;
     return fcntl(descriptor, F_SETFL, access.flags & O_APPEND) == 0;
 }
 

@@ -53,8 +53,9 @@ enum FileError : std::int32_t {
 /// the next operation that sets it. The end of the file is where its size as last measured ends:
 /// when it was opened, or by `getSize` after a write. What another process appends is not read.
 ///
-/// A directory, a FIFO in a mode that reads, and a FIFO without a reader in one that only writes
-/// cannot be opened: opening never waits for another process.
+/// Opening never waits for another process. A directory cannot be opened, nor a FIFO in any mode:
+/// a reader that never reads must not hold up the writer for ever. Devices can be opened, and
+/// "/dev/stdout" can be written even if it is a pipe.
 class BasicFile {
 public:
     BasicFile() = default;

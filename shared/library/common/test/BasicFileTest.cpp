@@ -66,6 +66,9 @@ TEST(BasicFileTest, EachWrongUseHasItsCode) {
     EXPECT_EQ(file.getLastError(), FileOpenFailed);
     EXPECT_EQ(file.readLine(), "");
     EXPECT_EQ(file.getLastError(), FileNotReadable);
+    file.validateLine("");
+    EXPECT_EQ(file.read(1), "");
+    EXPECT_EQ(file.getLastError(), FileNotReadable);
 
     ASSERT_TRUE(file.open(path, AccessRead));
     EXPECT_FALSE(file.open(path, AccessRead));
@@ -82,16 +85,33 @@ TEST(BasicFileTest, EachWrongUseHasItsCode) {
     EXPECT_EQ(file.getLastError(), FileNoError);
 }
 
-TEST(BasicFileTest, WhatCannotBeReadLikeAFileIsNotOpenedAndNotWaitedFor) {
+TEST(BasicFileTest, AFifoAndADirectoryAreNotOpenedAndNotWaitedFor) {
     const tarvik_test::TempDir dir;
     const std::string fifo = dir.path() + "/fifo";
     ASSERT_EQ(mkfifo(fifo.c_str(), S_IRUSR | S_IWUSR), 0);
     BasicFile file;
     EXPECT_FALSE(file.open(dir.path(), AccessRead));
     EXPECT_FALSE(file.open(fifo, AccessRead));
-    EXPECT_FALSE(file.open(fifo, AccessWrite));
+    EXPECT_FALSE(file.open(fifo, AccessWrite)) << "no reader";
+    const int reader = ::open(fifo.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(file.open(fifo, AccessWrite)) << "a reader that never reads";
     EXPECT_EQ(file.getLastError(), FileOpenFailed);
     EXPECT_TRUE(file.atEof(OperationAny));
+    close(reader);
+}
+
+TEST(BasicFileTest, DevicesAndThePipesOfProcessesCanBeWritten) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    for (const std::string& path :
+         {"/dev/fd/" + std::to_string(ends[1]), std::string("/dev/null")}) {
+        BasicFile file;
+        EXPECT_TRUE(file.open(path, AccessWrite) && file.write("x") && file.flush()) << path;
+    }
+    char byte = 0;
+    EXPECT_EQ(read(ends[0], &byte, 1), 1);
+    close(ends[0]);
+    close(ends[1]);
 }
 
 TEST(BasicFileTest, ATerminalHasNoSizeAndIsNotWaitedFor) {
