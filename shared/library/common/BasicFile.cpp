@@ -7,16 +7,19 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <new>
 #include <string_view>
+#include <utility>
 
 namespace Tarvik {
 
 namespace {
 
 struct AccessTraits {
-    const char* modeText;  ///< For the C library.
-    int flags;             ///< For the system: the same mode.
+    const char* modeText;  ///< The mode for fdopen.
+    int flags;             ///< The same mode for the system's open.
     bool reads;
     bool writes;
 };
@@ -36,6 +39,7 @@ constexpr auto accessTraits = std::to_array<AccessTraits>({
 constexpr auto seekOrigins = std::to_array<int>({SEEK_SET, SEEK_END, SEEK_CUR});
 
 constexpr mode_t newFilePermissions = 0666;
+// Fills in a row without a byte that count as the end of the file.
 constexpr int fillsUntilEnd = 2;
 
 const AccessTraits& traitsOf(FileAccessMode mode) {
@@ -59,17 +63,24 @@ bool isUsable(int descriptor, const AccessTraits& access, struct stat& status) {
     return fcntl(descriptor, F_SETFL, access.flags & O_APPEND) == 0;
 }
 
-// Opens without waiting.
+// Null if the file cannot be opened; a lack of memory is no property of the file and throws.
 std::FILE* openStream(const std::string& name, const AccessTraits& access, struct stat& status) {
+    errno = 0;
+    std::FILE* stream = nullptr;
+    // Without waiting for a process at the other end of a FIFO.
     const int descriptor =
         ::open(name.c_str(), access.flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, newFilePermissions);
-    if (descriptor < 0) return nullptr;
-    std::FILE* stream = nullptr;
-    if (isUsable(descriptor, access, status)) stream = fdopen(descriptor, access.modeText);
-    if (stream == nullptr) ::close(descriptor);
-    return stream;
+    if (descriptor >= 0 && isUsable(descriptor, access, status)) {
+        stream = fdopen(descriptor, access.modeText);
+    }
+    if (stream != nullptr) return stream;
+    const bool outOfMemory = errno == ENOMEM;
+    if (descriptor >= 0) ::close(descriptor);
+    if (outOfMemory) throw std::bad_alloc();
+    return nullptr;
 }
 
+// Copies the text between carriage returns as a whole: most lines have one, at their end.
 void appendWithoutCarriageReturns(std::string& line, std::string_view bytes) {
     for (auto at = bytes.find('\r'); at != std::string_view::npos; at = bytes.find('\r')) {
         line.append(bytes.substr(0, at));
@@ -81,6 +92,7 @@ void appendWithoutCarriageReturns(std::string& line, std::string_view bytes) {
 }  // namespace
 
 void BasicFile::StreamCloser::operator()(std::FILE* stream) const {
+    // A failed flush is not reported; whoever must know calls `flush` before.
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): this is the owner's closer.
     std::fclose(stream);
 }
@@ -93,16 +105,18 @@ bool BasicFile::open(const std::string& newName, FileAccessMode mode) {
     if (!isClosed()) return fail(FileAlreadyOpen);
     if (mode < AccessClosed || mode > AccessAppendUpdate) return fail(FileUnknownAccessMode);
     if (mode == AccessClosed) return true;
-    struct stat status {};
-    stream.reset(openStream(newName, traitsOf(mode), status));
-    if (stream == nullptr) return fail(FileOpenFailed);
-    // Kept from file to file: the C library would make one anew for each.
+    // Kept from file to file: the C library would allocate one for each.
     streamBuffer.resize(StreamBufferSize);
-    std::setvbuf(stream.get(), streamBuffer.data(), _IOFBF, streamBuffer.size());
+    struct stat status {};
+    Stream opened(openStream(newName, traitsOf(mode), status));
+    if (opened == nullptr) return fail(FileOpenFailed);
+    std::setvbuf(opened.get(), streamBuffer.data(), _IOFBF, streamBuffer.size());
     name = newName;
+    // Nothing throws from here on: the file is open as a whole or closed.
+    stream = std::move(opened);
     accessMode = mode;
     streamPos = 0;
-    // A stream that only appends begins behind the last byte.
+    // A stream that only appends starts behind the last byte.
     if (mode == AccessAppend && fseeko64(stream.get(), 0, SEEK_END) == 0) askPosition();
     emptyFills = 0;
     lastOperation = OperationNone;
@@ -178,7 +192,7 @@ bool BasicFile::atEof(FileOperation /*op*/) {
 bool BasicFile::seek(long long offset, FilePosBase base, FileOperation /*op*/) {
     if (isClosed()) return fail(FileNotOpen);
     if (base < FromStart || base > FromCurrent) return fail(FileUnknownPosBase);
-    // The stream stands behind the bytes that are still unread in the buffer.
+    // The stream is already past the bytes that are still unread in the buffer.
     if (base == FromCurrent) offset -= static_cast<long long>(unreadBytes());
     emptyBuffer();
     emptyFills = 0;
@@ -257,7 +271,7 @@ bool BasicFile::fail(FileError error) {
 bool BasicFile::prepareToRead() {
     lastError = FileNoError;
     if (!isReadable()) return fail(FileNotReadable);
-    // A C stream wants its position set between a write and a read.
+    // A C stream needs its position set between a write and a read.
     if (lastOperation == OperationWrite) return seek(0, FromCurrent, OperationRead);
     return true;
 }
@@ -265,7 +279,7 @@ bool BasicFile::prepareToRead() {
 bool BasicFile::prepareToWrite() {
     lastError = FileNoError;
     if (!isWriteable()) return fail(FileNotWriteable);
-    // Behind the last byte that was given out, not behind those that were only buffered.
+    // Behind the last byte that the caller got, not behind those that were only buffered.
     if (lastOperation == OperationRead && !seek(0, FromCurrent, OperationWrite)) return false;
     lastOperation = OperationWrite;
     sizeKnown = false;
@@ -273,10 +287,10 @@ bool BasicFile::prepareToWrite() {
 }
 
 bool BasicFile::fillBuffer() {
-    // An error of an earlier fill has been reported by then and must not spoil what comes now.
+    // An error of an earlier fill has been reported; it must not fail this one.
     std::clearerr(stream.get());
     emptyBuffer();
-    // Not beyond the end as measured: asking there costs a call of the system.
+    // Not beyond the measured end: a read there costs one more system call.
     const std::int64_t left = size - streamPos;
     const std::size_t wanted =
         left > 0 ? std::min(buffer.size(), static_cast<std::size_t>(left)) : buffer.size();

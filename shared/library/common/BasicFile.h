@@ -22,6 +22,8 @@ enum FileAccessMode : std::int32_t {
     AccessAppendUpdate = 6,  ///< "a+b"
 };
 
+/// What a caller says it will do next. Operations that take one ignore it: the class remembers its
+/// last operation itself.
 enum FileOperation : std::int32_t {
     OperationRead = 0,
     OperationWrite = 1,
@@ -29,9 +31,10 @@ enum FileOperation : std::int32_t {
     OperationNone = 4,
 };
 
+/// Where `seek` counts its offset from.
 enum FilePosBase : std::int32_t { FromStart = 0, FromEnd = 1, FromCurrent = 2 };
 
-/// What `getLastError` answers.
+/// The values of `getLastError`.
 enum FileError : std::int32_t {
     FileNoError = 0,
     FileNotOpen = 1,
@@ -41,21 +44,28 @@ enum FileError : std::int32_t {
     FileUnknownPosBase = 5,
     FileNotReadable = 6,
     FileReadFailed = 7,
-    FileNotWriteable = 8,  ///< Also: what was written could not be flushed.
+    FileNotWriteable = 8,  ///< Also for a flush that fails.
     FileShortWrite = 9,
     FileSeekFailed = 12,
     FileControlCharacter = 13,
 };
 
-/// A file that is read by lines or blocks through a buffer of its own, or written.
+/// A file that is read by lines or blocks, or written.
 ///
-/// Nothing throws: an operation that fails says so by its result, and `getLastError` says why until
-/// the next operation that sets it. The end of the file is where its size as last measured ends:
-/// when it was opened, or by `getSize` after a write. What another process appends is not read.
+/// Reading goes through a buffer of 1024 bytes of its own on top of the C stream: a line is found
+/// by one search of memory, and the stream's position is counted along instead of asked for. Before
+/// a write, the stream is set back to the first byte that the caller has not got yet.
+///
+/// The file ends at its measured size: as it was when opened, or as `getSize` found it after a
+/// write. Bytes that another process appends later are not read, so a growing file ends, too.
 ///
 /// Opening never waits for another process. A directory cannot be opened, nor a FIFO in any mode:
 /// a reader that never reads must not hold up the writer for ever. Devices can be opened, and
 /// "/dev/stdout" can be written even if it is a pipe.
+///
+/// An operation that fails returns false or an empty text, and `getLastError` gives the reason
+/// until the next operation that sets it. Nothing throws but `std::bad_alloc`, which `open` also
+/// throws when the system or the C library has no memory for the file. For use by one thread.
 class BasicFile {
 public:
     BasicFile() = default;
@@ -65,42 +75,47 @@ public:
 
     // --- opening and closing
 
-    /// False, with what was open kept, when a file is open already. `AccessClosed` opens nothing
-    /// and answers true.
+    /// Fails if a file is open already, which then stays open. `AccessClosed` opens nothing and
+    /// returns true. Writing modes but `AccessUpdate` create the file.
     bool open(const std::string& name, FileAccessMode mode);
+    /// Does nothing if no file is open. The name and the last error stay.
     void close();
 
     // --- reading, all through the one buffer
 
-    /// The bytes up to the next line feed or the end of the file, without it and without any
-    /// carriage return, wherever one stands. Blank also on failure (`FileNotReadable`,
-    /// `FileReadFailed`), with what was read of the line lost.
+    /// The bytes up to the next line feed or the end of the file, without the line feed and without
+    /// any carriage return, not only one at the end. Empty also on failure (`FileNotReadable`,
+    /// `FileReadFailed`); the part of the line that was read is then lost.
     std::string readLine();
-    /// The same into a string whose memory is used again; false on failure.
+    /// The same into a string, whose memory is used again. Returns false on failure.
     bool readLine(std::string& line);
-    /// Up to `count` bytes, fewer only at the end of the file. False, with what came in `out`, when
-    /// the file is not readable or a read fails.
+    /// Replaces `out` by the next `count` bytes, or fewer at the end of the file. Returns false if
+    /// the file is not readable or a read fails; `out` then holds the bytes before the failure.
     bool read(std::string& out, long long count);
+    /// The same; a failure shows in `getLastError` only.
     std::string read(long long count);
-    /// True for a file that is closed or not readable, at the size as last measured, and after two
-    /// fills of the buffer in a row that brought no byte, so that a file that shrinks or keeps
-    /// failing ends. The argument has no effect.
+    /// True at the measured end, and for a file that is closed or not readable. Also true after two
+    /// fills of the buffer in a row without a byte, so that a loop over the lines ends for a file
+    /// that shrinks or keeps failing.
     bool atEof(FileOperation op);
 
     // --- positions, in bytes from 0
 
+    /// Fails for a position before the start; one behind the end is allowed.
     bool seek(long long offset, FilePosBase base, FileOperation op);
-    /// Where the next byte is read or written; -1 when closed. The argument has no effect.
+    /// The position of the next byte to read or write; -1 if closed.
     long long getPos(FileOperation op);
-    /// -1 when closed. Measures anew after a write.
+    /// Bytes; -1 if closed. Measures the file again after a write.
     long long getSize();
+    /// Measures the file by going to its end and back. The size is 0 if it has no positions.
     void setSizeBySeek();
 
     // --- writing
 
-    /// False with `FileNotWriteable` or `FileShortWrite`.
+    /// Fails with `FileNotWriteable` or `FileShortWrite`. A file that cannot be written to can
+    /// also show at `flush` only, since the C stream buffers.
     bool write(const std::string& bytes);
-    /// The text and one line feed.
+    /// Writes the text and one line feed.
     bool writeLine(const std::string& text);
     bool flush();
 
@@ -124,12 +139,15 @@ private:
         void operator()(std::FILE* stream) const;
     };
 
+    using Stream = std::unique_ptr<std::FILE, StreamCloser>;
+
+    /// Sets the last error and returns false.
     bool fail(FileError error);
     bool prepareToRead();
     bool prepareToWrite();
-    /// False when no byte came.
+    /// Returns false if no byte came.
     bool fillBuffer();
-    /// Leaves the position as it was counted where the stream, a terminal's say, has none.
+    /// Asks the stream for its position. Keeps the counted one if the stream has none (a terminal).
     void askPosition();
     void emptyBuffer();
     [[nodiscard]] bool readFailed();
@@ -137,18 +155,18 @@ private:
 
     std::string name;
     FileAccessMode accessMode = AccessClosed;
-    /// The C library's own buffer; there for as long as the stream.
+    /// The C stream's buffer: declared before the stream, so it lives longer.
     std::vector<char> streamBuffer;
-    std::unique_ptr<std::FILE, StreamCloser> stream;
-    std::int64_t size = 0;
-    bool sizeKnown = false;
+    Stream stream;
+    std::int64_t size = 0;   ///< Bytes, as last measured.
+    bool sizeKnown = false;  ///< False after a write, until measured again.
     FileOperation lastOperation = OperationNone;
     std::int32_t lastError = FileNoError;
     std::array<char, BufferSize> buffer{};
-    std::uint64_t bufferPos = 0;
-    std::uint64_t bufferEnd = 0;
-    bool bufferHoldsReturns = false;
-    /// The stream's position, counted along: asking the stream for it at each line is slow.
+    std::uint64_t bufferPos = 0;      ///< Index of the next unread byte.
+    std::uint64_t bufferEnd = 0;      ///< Behind the last byte.
+    bool bufferHoldsReturns = false;  ///< If not, lines are copied without a look at their bytes.
+    /// The stream's position, behind the buffered bytes.
     std::int64_t streamPos = 0;
     /// Fills in a row that brought no byte.
     int emptyFills = 0;
