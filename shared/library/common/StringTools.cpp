@@ -13,24 +13,8 @@ constexpr bool isBlank(char byte) {
     return static_cast<signed char>(byte) <= 32;
 }
 
-inline std::string_view withoutBlanksAhead(std::string_view text) {
-    std::size_t start = 0;
-    while (start < text.size() && isBlank(text[start])) {
-        ++start;
-    }
-    return text.substr(start);
-}
-
-inline std::string_view withoutBlanksBehind(std::string_view text) {
-    std::size_t end = text.size();
-    while (end > 0 && isBlank(text[end - 1])) {
-        --end;
-    }
-    return text.substr(0, end);
-}
-
-// A "*" or a "?" behind a "*" is dropped. A "*" behind a "?" is kept without being remembered, so
-// that one more behind it is kept too. On purpose.
+// Drops each "*" and "?" that follows a "*".
+// Quirk: a "*" behind a "?" is kept but not remembered, so another "*" behind it is kept, too.
 std::string withoutRepeatedStars(const std::string& pattern) {
     std::string result;
     char remembered = 0;
@@ -42,7 +26,13 @@ std::string withoutRepeatedStars(const std::string& pattern) {
     return result;
 }
 
-// One walk along a pattern and a text.
+// Walks along a pattern and a text with one position in each.
+//
+// A star lets the pattern start again just behind it whenever a byte does not match. Where a full
+// matcher would also go back in the text, to one byte after its last try, this one tries each byte
+// of the text twice and then goes on to the next. So it needs no recursion and at most a few steps
+// for each byte of the text, but misses matches that overlap a failed try. That limit is part of
+// the handle format.
 class PatternWalk {
 public:
     PatternWalk(std::string normalisedPattern, std::string_view wholeText)
@@ -62,7 +52,8 @@ public:
     }
 
 private:
-    // To the end of the pattern or of the text; false for a mismatch that no star makes good.
+    // Walks to the end of the pattern or of the text. Returns false for a mismatch without a star
+    // before it.
     bool compare() {
         while (patternPos < pattern.size() && textPos < text.size()) {
             const char expected = pattern[patternPos];
@@ -81,7 +72,7 @@ private:
         return true;
     }
 
-    // The text goes one on, but only at the second mismatch in one place.
+    // Goes on to the next byte of the text, but only at the second mismatch at the same byte.
     void goBackToStar() {
         patternPos = behindStar;
         if (textPos + 1 == mark) {
@@ -95,8 +86,8 @@ private:
     std::string_view text;
     std::size_t patternPos = 0;
     std::size_t textPos = 0;
-    std::size_t behindStar = 0;
-    std::size_t mark = 0;
+    std::size_t behindStar = 0;  // Of the last star.
+    std::size_t mark = 0;        // One behind the byte of the last mismatch.
     bool starSeen = false;
 };
 
@@ -120,15 +111,23 @@ std::size_t StringTools::trimRight(std::string& text) {
 }
 
 std::string_view StringTools::trimmed(std::string_view text) {
-    return withoutBlanksAhead(withoutBlanksBehind(text));
+    return trimmedLeft(trimmedRight(text));
 }
 
 std::string_view StringTools::trimmedLeft(std::string_view text) {
-    return withoutBlanksAhead(text);
+    std::size_t start = 0;
+    while (start < text.size() && isBlank(text[start])) {
+        ++start;
+    }
+    return text.substr(start);
 }
 
 std::string_view StringTools::trimmedRight(std::string_view text) {
-    return withoutBlanksBehind(text);
+    std::size_t end = text.size();
+    while (end > 0 && isBlank(text[end - 1])) {
+        --end;
+    }
+    return text.substr(0, end);
 }
 
 std::string StringTools::split(std::string& text, char separator) {
@@ -143,6 +142,7 @@ void StringTools::split(const std::string& text, char separator, std::vector<std
                         int maxParts, bool keepEmpty) {
     out.clear();
     std::string_view rest = text;
+    // Not "less than": with a `maxParts` of 0 there is no limit.
     while (out.size() + 1 != static_cast<std::size_t>(maxParts)) {
         const std::size_t at = rest.find(separator);
         if (at == std::string_view::npos) break;
@@ -163,7 +163,7 @@ void StringTools::removeChar(std::string& text, char unwanted) {
 }
 
 bool StringTools::patternMatch(const std::string& pattern, const std::string& text) {
-    // The short patterns are told by the pattern as it was given: "**" does not fit an empty text.
+    // Compared before stars are dropped: "**" does not match an empty text.
     if (pattern == "*") return true;
     if (pattern == "?") return text.size() == 1;
     if (text.empty()) return false;
@@ -175,7 +175,7 @@ std::uint64_t StringTools::hashLarge(const std::string& bytes, std::uint64_t bef
     constexpr std::uint64_t factor = 37;
     std::uint64_t hash = before;
     for (const char byte : bytes) {
-        // NOLINTNEXTLINE(bugprone-signed-char-misuse): a byte from 0x80 up subtracts. On purpose.
+        // NOLINTNEXTLINE(bugprone-signed-char-misuse): a byte from 0x80 up has to subtract.
         const std::int64_t summand = static_cast<signed char>(byte);
         hash = hash * factor + static_cast<std::uint64_t>(summand);
     }
@@ -184,6 +184,10 @@ std::uint64_t StringTools::hashLarge(const std::string& bytes, std::uint64_t bef
 
 std::string StringTools::toString(long number) {
     return std::to_string(number);
+}
+
+bool StringTools::holdsOnlyDigits(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), isDigit);
 }
 
 }  // namespace Tarvik

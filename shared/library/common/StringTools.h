@@ -1,4 +1,4 @@
-/// The older helpers for text, on which the handle format's idea of a blank rests.
+/// The older helpers for text. They settle what a blank is in the handle format.
 #pragma once
 
 #include <cstddef>
@@ -9,52 +9,63 @@
 
 namespace Tarvik {
 
-/// Static operations on strings of bytes. The core library has a class of the same name with rules
-/// of its own; neither set may stand in for the other.
+/// Static operations on strings of bytes. A verb changes its argument, a participle returns a view
+/// of a part of it. The core library has a class of the same name with other rules: neither can
+/// replace the other.
 class StringTools {
 public:
     StringTools() = delete;
 
-    // A blank is every byte that, read as a signed number, is at most 32: the control characters,
-    // the space, and every byte from 0x80 up. So a name that ends in a UTF-8 letter loses that
-    // letter's bytes. On purpose.
+    // A blank is a byte that, read as a signed number, is at most 32: the control characters, the
+    // space, and every byte from 0x80 up.
+    // Quirk: a name that ends in a UTF-8 letter loses that letter.
 
-    /// How many bytes were removed.
+    /// Each removes the blanks at both ends or at one, and returns how many bytes that were.
     static std::size_t trim(std::string& text);
     static std::size_t trimLeft(std::string& text);
     static std::size_t trimRight(std::string& text);
 
-    /// What each of them would leave, as a view into the same bytes.
+    /// The text without those blanks, as a view into the same bytes.
     [[nodiscard]] static std::string_view trimmed(std::string_view text);
     [[nodiscard]] static std::string_view trimmedLeft(std::string_view text);
     [[nodiscard]] static std::string_view trimmedRight(std::string_view text);
 
-    /// Pops the first field: returns what stands before the first separator and leaves what stands
-    /// behind it. Without a separator the whole text is the field, and nothing is left.
+    /// Removes the first field and its separator from the text and returns the field, which may be
+    /// empty. Without a separator the whole text is the field, and the text becomes empty.
     static std::string split(std::string& text, char separator);
 
-    /// All fields into `out`, which loses what it held. An empty text has no field; empty fields
-    /// count only with `keepEmpty`, and never behind the last separator. Once `maxParts` less one
-    /// fields are there, what is left is the last field, separators included.
+    /// Replaces `out` by the fields of the text. Empty fields are kept only with `keepEmpty`, and
+    /// never at the end; an empty text has no field at all. As soon as `out` has `maxParts` less
+    /// one fields, the rest of the text is the last one, separators included.
     static void split(const std::string& text, char separator, std::vector<std::string>& out,
                       int maxParts, bool keepEmpty);
 
-    /// By the C library, so by the process locale.
+    /// Byte by byte with the C library's `tolower`, so by the process locale.
     static void makeLower(std::string& text);
+    /// Removes every occurrence of the byte.
     static void removeChar(std::string& text, char unwanted);
 
-    /// Whether the pattern fits the whole text: "*" stands for any run of bytes, "?" for one. Case
-    /// counts. A "?" right behind a star counts for nothing.
+    /// Returns whether the pattern matches the whole text: "*" stands for any number of bytes, "?"
+    /// for one. Case matters. An empty pattern matches nothing.
     ///
-    /// Behind a star the match never goes back in the text, so that "*aab" does not fit "aaab".
-    /// This limit is part of the handle format. An empty pattern fits nothing.
+    /// Quirk: a "?" right behind a star is ignored: "a*?" matches "a".
+    /// Quirk: once past a star, the match never goes back in the text: "*aab" does not match
+    /// "aaab".
     static bool patternMatch(const std::string& pattern, const std::string& text);
 
-    /// A fingerprint of the bytes; 0 for none. That of a long text can be taken block by block,
-    /// each on top of the one `before`.
+    /// A fingerprint of the bytes, not safe against forgery; 0 for no bytes. A long text can be
+    /// hashed block by block, with the result for the earlier blocks as `before`.
+    ///
+    /// Quirk: a byte from 0x80 up is signed and subtracts.
     static std::uint64_t hashLarge(const std::string& bytes, std::uint64_t before = 0);
 
+    /// In decimal digits.
     static std::string toString(long number);
+
+    /// The digits are "0" to "9" in every locale.
+    static constexpr bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
+    /// True for an empty text, too.
+    [[nodiscard]] static bool holdsOnlyDigits(std::string_view text);
 };
 
 }  // namespace Tarvik
