@@ -9,14 +9,15 @@ namespace Tarvik {
 
 namespace {
 
-// Year, month, day, hour, minute, second.
+// Year, month, day, hour, minute, second: in the order in which a cut field cuts the next.
 using Fields = std::array<int, 6>;
 
 constexpr Fields firstFields{1970, 1, 1, 0, 0, 0};
 constexpr Fields lastFields{2038, 1, 19, 3, 14, 7};
-// The day is that of the month.
+// The limits of single fields; the day has a tighter one, by its month.
 constexpr Fields highestFields{2038, 12, 31, 23, 59, 59};
 
+// Every fourth year is a leap year from 1970 to 2038.
 constexpr int daysIn(int year, int month) {
     constexpr std::array<int, 12> lengths{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     if (month == 2 && year % 4 == 0) return 29;
@@ -30,8 +31,8 @@ constexpr Fields inRange(const Fields& given) {
     }
     fields[2] = std::min(fields[2], daysIn(fields[0], fields[1]));
 
-    // The chain ends at the first field that needs no cut: the fields behind it may then lie behind
-    // the last instant. On purpose.
+    // Quirk: the chain ends at the first field that needs no cut, so the result can still be after
+    // the last instant.
     if (given[0] <= lastFields[0]) return fields;
     for (std::size_t i = 1; i < fields.size() && fields[i] > lastFields[i]; ++i) {
         fields[i] = lastFields[i];
@@ -39,6 +40,7 @@ constexpr Fields inRange(const Fields& given) {
     return fields;
 }
 
+// Seconds since 1970 of fields that are in their ranges.
 constexpr long secondsInGmt(const Fields& fields) {
     const auto date = std::chrono::year(fields[0]) /
                       std::chrono::month(static_cast<unsigned>(fields[1])) /

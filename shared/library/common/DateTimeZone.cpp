@@ -1,4 +1,11 @@
-// Which zone a DateTime without one is in.
+// The zone of a DateTime without one.
+//
+// The C library knows the system's zone but only says which offset an instant has. The two changes
+// of a year are found by that: the offsets at the first of each month show the month of a change,
+// and halving that month shows its second. The changes are then put into words as rules ("the last
+// Sunday of March at 2"), since a zone record holds rules. That takes some 70 calls of the C
+// library, so the changes are kept for their year and the zone for an hour.
+
 #include "shared/library/common/DateTime.h"
 #include "shared/library/common/StringTools.h"
 
@@ -15,7 +22,7 @@ constexpr long secondsPerHour = 3600;
 
 // The instants at which daylight time begins and ends in one year.
 struct YearChanges {
-    int year = 0;  // 0 for none.
+    int year = 0;  // 0 before the first search.
     std::time_t start = 0;
     std::time_t end = 0;
     long shift = 0;  // 0 for no daylight time.
@@ -31,11 +38,13 @@ struct SystemZone {
 constinit TzDef defaultZone;
 constinit SystemZone systemZone;
 
+// Seconds east of GMT, daylight shift included.
 long offsetAt(std::time_t instant) {
     std::tm fields{};
     return localtime_r(&instant, &fields) == nullptr ? 0 : fields.tm_gmtoff;
 }
 
+// The date in GMT, or on a clock whose offset has been added.
 std::chrono::year_month_day dateOf(std::time_t instant) {
     return std::chrono::floor<std::chrono::days>(
         std::chrono::sys_seconds(std::chrono::seconds(instant)));
@@ -46,7 +55,7 @@ std::time_t monthBegin(int year, unsigned month) {
     return std::chrono::sys_seconds(day).time_since_epoch().count();
 }
 
-// The first instant with another offset than `before`; `behind` has another one too.
+// The first instant with another offset than `before`. `behind` must have another one, too.
 std::time_t changeBetween(std::time_t before, std::time_t behind) {
     const long offset = offsetAt(before);
     while (behind - before > 1) {
@@ -60,8 +69,7 @@ std::time_t changeBetween(std::time_t before, std::time_t behind) {
     return behind;
 }
 
-// Sees the offset at each month's begin, and looks closer only where it changed. Daylight time is
-// there if it rises once and falls once by the same.
+// There is daylight time if the offset rises once in the year and falls once by the same amount.
 YearChanges changesOf(int year) {
     YearChanges changes{.year = year};
     int rises = 0;
@@ -87,12 +95,13 @@ YearChanges changesOf(int year) {
     return changes;
 }
 
+// 1 for the first of its weekday in the month, and so on.
 long occurrenceAt(std::time_t clock) {
     return (unsigned{dateOf(clock).day()} - 1L) / 7 + 1;
 }
 
-// What the clock shows at a change, in the words of a rule. The fourth of a weekday is taken for
-// the last one, if it is that.
+// The rule for a change at which the local clock shows this. A weekday that is the last of its
+// month counts as the fifth, since a rule for the last one is the usual meaning of that.
 DstDef changeAt(std::time_t clock) {
     const std::chrono::year_month_day date = dateOf(clock);
     const std::chrono::sys_days day(date);
@@ -106,7 +115,7 @@ DstDef changeAt(std::time_t clock) {
             .hour = sinceMidnight.count() / secondsPerHour};
 }
 
-// The changes in the words of rules that lead to the same instants with this offset.
+// A zone with rules that give the same instants of change with this offset.
 TzDef zoneWith(const YearChanges& changes, long offset) {
     TzDef zone;
     zone.set = true;
@@ -118,7 +127,7 @@ TzDef zoneWith(const YearChanges& changes, long offset) {
     zone.dstStart = changeAt(clockAtStart);
     zone.dstEnd = changeAt(clockAtEnd);
 
-    // Of some weekdays the last cannot be named as the fifth.
+    // In some months a rule for the fifth weekday does not give the last one: then count it.
     const auto year = static_cast<unsigned long>(changes.year);
     if (zone.getDstStart(year) != changes.start) zone.dstStart.week = occurrenceAt(clockAtStart);
     if (zone.getDstEnd(year) != changes.end) zone.dstEnd.week = occurrenceAt(clockAtEnd);
@@ -131,7 +140,7 @@ void refresh(SystemZone& system, std::time_t now) {
     system.known = true;
     system.askedAt = now;
     system.inForce = zoneWith(system.changes, offsetAt(now));
-    // Changes that the record cannot hold.
+    // These changes do not fit a rule, so the zone has none.
     if (!system.inForce.isValid()) system.inForce = zoneWith({}, offsetAt(now));
 }
 
@@ -168,7 +177,7 @@ const TzDef& DateTime::currentTz() {
 const TzDef& DateTime::calcCurrentTz() {
     prepareZones();
     const std::time_t now = std::time(nullptr);
-    // A clock that was put back counts as one that ran on.
+    // A clock that was put back makes the cache stale, like one that ran on for an hour.
     const bool isFresh =
         systemZone.known && now >= systemZone.askedAt && now - systemZone.askedAt < cacheSeconds;
     if (!isFresh) refresh(systemZone, now);

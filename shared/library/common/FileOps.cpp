@@ -12,7 +12,7 @@ bool FileOps::exists(std::string path) {
 }
 
 bool FileOps::getFileInfo(const std::string& path, FileInfoT& info) {
-    // A wildcard never names one file here, even if a file of that very name exists.
+    // A path with a wildcard stands for many files and has no status of its own.
     if (path.find('?') != std::string::npos || path.find('*') != std::string::npos) return false;
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) return false;

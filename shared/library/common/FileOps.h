@@ -1,4 +1,4 @@
-/// The older helpers for paths: is something there?
+/// The older helpers for paths.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +6,7 @@
 
 namespace Tarvik {
 
+/// The part of a file's status that callers need.
 struct FileInfoT {
     std::uint64_t size = 0;  ///< Bytes.
 };
@@ -14,13 +15,15 @@ class FileOps {
 public:
     FileOps() = delete;
 
-    /// False for a blank path. One trailing slash is ignored, so "/" itself is blank; directories
-    /// count, and a link counts as what it leads to. What cannot be reached for want of a
-    /// permission is not there.
+    /// Returns whether something is at the path: a file, a directory or the target of a link.
+    /// Returns false if a permission to look it up is missing.
+    ///
+    /// Ignores one trailing slash, even behind the name of a file.
+    /// Quirk: so "/" is an empty path, which does not exist.
     static bool exists(std::string path);
 
-    /// False, with the record unchanged, for a path that cannot be looked up, and for every path
-    /// that holds a "?" or a "*", whatever lies on the disk.
+    /// Fills the record. Returns false and leaves it alone if the path cannot be looked up.
+    /// Quirk: a path with a "?" or a "*" cannot, even if a file of that name exists.
     static bool getFileInfo(const std::string& path, FileInfoT& info);
 };
 

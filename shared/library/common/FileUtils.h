@@ -1,4 +1,4 @@
-/// The older helpers for files as a whole.
+/// The older helpers for whole files.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,8 @@ class FileUtils {
 public:
     FileUtils() = delete;
 
-    /// Bytes; 0 for a file that cannot be looked up, which is so not told from an empty one.
+    /// Bytes. A file that cannot be looked up has 0, like an empty one; `FileOps::exists` tells
+    /// them apart.
     static std::uint64_t getFileSize(const std::string& path);
 };
 

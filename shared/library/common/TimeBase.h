@@ -1,14 +1,15 @@
-/// What the older classes for time have in common: one number.
+/// The base of the older classes for time: one number.
 #pragma once
 
 namespace Tarvik {
 
-/// `left` less `right`, which wraps instead of overflowing: fields that are open may hold anything.
+/// `left` minus `right`. Wraps instead of overflowing, since open fields may hold any number.
 constexpr long wrappingDifference(long left, long right) {
     return static_cast<long>(static_cast<unsigned long>(left) - static_cast<unsigned long>(right));
 }
 
-/// Holds an internal time, whose unit the derived class says. Zero counts as null.
+/// Holds an internal time in the unit of the derived class. Zero means null, so the first instant
+/// of all cannot be told from none.
 class TimeBase {
 public:
     TimeBase() = default;

@@ -23,11 +23,12 @@ enum TimeError : std::int32_t {
     TimeInput = 10,
 };
 
-/// Reading a date throws none of these: it brings a field into its range instead.
+/// For callers that check times themselves. Reading a date throws none of these: it brings each
+/// field into its range instead.
 class TimeException : public Exception {
 public:
-    /// A code that is none of `TimeError` keeps its number, and has the name and the text of
-    /// `TimeDateTime`, the one that fits every fault.
+    /// An unknown code is kept and gets the name and the text of `TimeDateTime`, which fits every
+    /// fault.
     explicit TimeException(int code);
 
     /// "Time"

@@ -21,9 +21,11 @@ constexpr long secondsPerHour = 3600;
 constexpr long secondsPerDay = 86400;
 constexpr long daysPerWeek = 7;
 
+// Instants end early in 2038: its own changes would never be reached.
 constexpr long lastYearOfChanges = 2037;
 constexpr unsigned long lastYearComputed = 9999;
 
+// Unsigned, since the difference of two open numbers may need all bits.
 constexpr unsigned long distance(long one, long other) {
     const long later = std::max(one, other);
     return static_cast<unsigned long>(wrappingDifference(later, std::min(one, other)));
@@ -33,21 +35,22 @@ constexpr bool isBetween(long value, long low, long high) {
     return low <= value && value <= high;
 }
 
+// Weeks and days below their ranges pass, too.
 constexpr bool isUsable(const DstDef& change) {
     return isBetween(change.month, 1, 12) && change.week <= 5 && change.day <= 6;
 }
 
-// Narrower than what a valid zone asks for.
+// Narrower than `isUsable`, which decides whether a zone is valid.
 constexpr bool isInRange(const DstDef& change) {
     return isUsable(change) && change.week >= 1 && change.day >= 0 && isBetween(change.hour, 0, 23);
 }
 
-// Else both changes are at 0, and a moment is never in daylight time.
+// Without them both changes are at 0, so no instant is in daylight time.
 bool hasChanges(const TzDef& zone) {
     return zone.isValid() && isInRange(zone.dstStart) && isInRange(zone.dstEnd);
 }
 
-// The instant of a change as if its hour was GMT.
+// The instant of a change as if its hour were in GMT.
 long changeInGmt(const DstDef& change, unsigned long year) {
     const auto firstOfMonth =
         std::chrono::year(static_cast<int>(std::min(year, lastYearComputed))) /
@@ -57,7 +60,7 @@ long changeInGmt(const DstDef& change, unsigned long year) {
     const long monthLength =
         (std::chrono::sys_days(firstOfMonth + std::chrono::months(1)) - first).count();
 
-    // This counts the weeks that end in the month, not the weekdays in question. On purpose.
+    // Quirk: counts the weeks that end in the month, not the occurrences of the weekday.
     const long restOfMonth = monthLength - (firstWeekday == 6 ? 1 : daysPerWeek - firstWeekday);
     const long week = std::min(change.week, (restOfMonth + daysPerWeek) / daysPerWeek);
 
@@ -67,7 +70,8 @@ long changeInGmt(const DstDef& change, unsigned long year) {
     return day * secondsPerDay + change.hour * secondsPerHour;
 }
 
-// The year in GMT. Moments far out are brought near, which keeps them on their side of all changes.
+// The year in GMT. Instants far out are brought near, which keeps them on their side of all changes
+// and within the years of the calendar.
 unsigned long yearOf(const DateTime& moment) {
     const long time = std::clamp(moment.getInternalTime(), -DateTime::Max, DateTime::Max);
     const auto day =
@@ -76,11 +80,12 @@ unsigned long yearOf(const DateTime& moment) {
     return static_cast<unsigned long>(std::min(year, lastYearOfChanges));
 }
 
+// The number at the start of the text; 0 if there is none.
 long decimal(std::string_view digits) {
     return std::strtol(std::string(digits).c_str(), nullptr, 10);
 }
 
-// Minutes beyond 32 bits count as the farthest ones.
+// Minutes beyond 32 bits are cut to the largest or smallest number of 32 bits.
 long minutesToSeconds(const std::string& text) {
     using Limits = std::numeric_limits<std::int32_t>;
     return std::clamp<long>(decimal(text), Limits::min(), Limits::max()) * secondsPerMinute;
@@ -120,8 +125,8 @@ void TzDef::fromString(const std::string& text, const DateTime& moment) {
         return;
     }
 
-    // With so many characters it is an offset, even if it reads as none and so as GMT: "+12345" are
-    // no minutes. On purpose.
+    // Quirk: four characters or more behind the sign are an offset, even if that cannot be read:
+    // "+12345" is GMT, not a number of minutes.
     const bool isIso =
         StringTools::patternMatch("+????*", text) || StringTools::patternMatch("-????*", text);
     *this = DateTime::currentTz();
@@ -166,6 +171,7 @@ DstNearness TzDef::dstQuickTest(const DateTime& moment) const {
     const long untilStart = wrappingDifference(start, time);
     const long untilEnd = wrappingDifference(end, time);
     const long sinceEnd = wrappingDifference(time, end);
+    // In the north daylight time is between the changes, in the south outside them.
     if (start < end) {
         if (untilStart > dstShift || sinceEnd >= dstShift) return NotInDaylightTime;
         if (time >= start) return InDaylightTime;
@@ -173,6 +179,7 @@ DstNearness TzDef::dstQuickTest(const DateTime& moment) const {
         if (time >= start || untilEnd > dstShift) return InDaylightTime;
         if (untilStart >= dstShift && sinceEnd >= dstShift) return NotInDaylightTime;
     }
+    // Within a shift of a change.
     return distance(time, end) <= distance(time, start) ? NearDaylightEnd : NearDaylightStart;
 }
 

@@ -15,12 +15,12 @@ struct DstDef {
     long day = 0;    ///< 0 to 6, Monday being 0.
     long hour = 0;   ///< 0 to 23.
 
-    /// Each "M", "W", "D" and "H" stores the number before it, in any order. What is not named
-    /// stays as it is; no range is asked.
+    /// Each "M", "W", "D" and "H" stores the number before it, in any order. Fields without their
+    /// letter keep their values; ranges are not checked.
     void fromString(const std::string& text);
 };
 
-/// How a moment lies to the changes of its year.
+/// Position of an instant relative to the two daylight-saving changes of its year.
 enum DstNearness : std::int32_t {
     InDaylightTime = 1,
     NotInDaylightTime = 2,
@@ -28,33 +28,40 @@ enum DstNearness : std::int32_t {
     NearDaylightEnd = 4,    ///< Counts as daylight time.
 };
 
-/// Nothing throws and nothing is reported: what cannot be read is 0.
+/// A zone as two rules, not as a table of years: each year's changes are computed from the rules
+/// when an instant is compared with them. Offsets are in seconds east of GMT.
+///
+/// An instant is first computed without the shift and then compared. Near a change that instant is
+/// uncertain by the shift, so `dstQuickTest` tells four positions apart, and `isDst` decides for
+/// the nearer change.
+///
+/// Nothing throws and nothing is reported: a number that cannot be read is 0. The two functions
+/// that need the current zone are for one thread, like `DateTime`.
 struct TzDef {
-    bool set = false;  ///< The record holds a zone.
-    /// Seconds east of GMT. The instants of dates and changes take it without the daylight shift.
-    /// Only in what `DateTime::calcCurrentTz` tells, it holds the shift while that is in force.
+    bool set = false;  ///< Whether the record holds a zone.
+    /// Seconds east of GMT, without the daylight shift. Only the zone of `DateTime::calcCurrentTz`
+    /// includes the shift while it is in force.
     long offset = 0;
     long dstShift = 0;  ///< Seconds; 0 for no daylight time.
     DstDef dstStart = {};
     DstDef dstEnd = {};
 
-    /// The offset is at most 12 hours either way, and daylight time, if there is any, has changes
-    /// in months 3 to 9 apart, with a week of at most 5 and a day of at most 6. Whether `set` holds
-    /// is not asked.
+    /// True if the offset is at most 12 hours either way and there is no shift, or the changes are
+    /// 3 to 9 months apart, each with a week of at most 5 and a day of at most 6. Ignores `set`.
     [[nodiscard]] bool isValid() const;
 
     // --- reading; `set` is true after each `from...String`
 
-    /// Reads what stands behind a time: a zone as for `fromDstString`, an offset such as "+02:00"
-    /// or "+0200", or a number of minutes such as "+120".
+    /// Reads the zone behind a time: the form of `fromDstString`, an offset such as "+02:00" or
+    /// "+0200", or a number of minutes such as "+120".
     ///
-    /// With an offset or minutes, daylight time is that of the current zone, and what was read is
-    /// taken to hold the shift if `moment` lies in daylight time.
+    /// An offset or minutes come with the daylight time of the current zone. If `moment` is in
+    /// daylight time, the number is taken to include the shift, which is subtracted.
     void fromString(const std::string& text, const DateTime& moment);
 
     /// Reads "+01:00 (+01:00 3M5W6D2H-10M5W6D3H)": the offset without the shift, the shift, its
-    /// start in standard time and its end in daylight time. One value of the changes out of its
-    /// range, or missing, leaves a zone without daylight time.
+    /// start in standard time and its end in daylight time. If any field of the changes is missing
+    /// or out of its range, the zone has no daylight time.
     void fromDstString(std::string text);
 
     /// Seconds for "+hh:mm", "-hh:mm", "+hhmm" and "-hhmm"; 0 for any other text.
@@ -62,20 +69,20 @@ struct TzDef {
 
     // --- daylight time
 
-    /// The moment is to be computed with `offset` alone: up to a shift behind the end it is still
-    /// daylight time. An invalid zone and one without changes are never in it. Years behind 2037
-    /// have the changes of that year.
+    /// `moment` must be computed with `offset` alone, so up to a shift after the end it is still in
+    /// daylight time. A zone that is invalid or has no changes is never in it. Years after 2037 use
+    /// the changes of 2037.
     [[nodiscard]] DstNearness dstQuickTest(const DateTime& moment) const;
 
-    /// In daylight time or near its end.
+    /// True in daylight time and near its end.
     [[nodiscard]] bool isDst(const DateTime& moment) const;
 
-    /// The instants of the changes, in seconds since 1970; 0 for an invalid zone, and where a field
-    /// of a change is out of its range in another way. Years behind 9999 count as 9999.
+    /// The instants of the changes, in seconds since 1970. Both are 0 if the zone is invalid or any
+    /// field of a change is out of its range. A year after 9999 counts as 9999.
     ///
-    /// Of `week`, at most as many count as the month has Sundays, whatever the weekday: in a month
-    /// of 31 days that begins on a Tuesday the fifth Tuesday cannot be named. Where a month has
-    /// five Sundays, the fifth of a rarer weekday falls into the next month.
+    /// Quirk: `week` is limited to the number of Sundays in the month, whatever the weekday. In a
+    /// month with four Sundays no fifth Tuesday can be named; in one with five, the fifth of a
+    /// weekday that is there four times falls into the next month.
     [[nodiscard]] long getDstStart(unsigned long year) const;
     [[nodiscard]] long getDstEnd(unsigned long year) const;
 };
