@@ -9,19 +9,35 @@
 #include <ctime>
 #include <stdexcept>
 
+// What `time` returns; 0 for the real time.
+static constinit std::time_t clockTime = 0;
+
+// Takes the place of the C library's in this program.
+extern "C" std::time_t time(std::time_t* out) noexcept {
+    timespec now{.tv_sec = clockTime, .tv_nsec = 0};
+    if (clockTime == 0) clock_gettime(CLOCK_REALTIME, &now);
+    if (out != nullptr) *out = now.tv_sec;
+    return now.tv_sec;
+}
+
 namespace Tarvik {
 namespace {
 
-// The zones of the environment; those of before are looked up anew behind it.
+// The zones of the environment, and the clock. Those of before are looked up anew behind it.
 class Zones {
 public:
-    Zones(const char* own, const char* system) : ownZone("TARVIK_TZ", own), zone("TZ", system) {
+    Zones(const char* own, const char* system, std::time_t now = 0)
+        : ownZone("TARVIK_TZ", own), zone("TZ", system) {
+        clockTime = now;
         forget();
         tzset();  // As for a process that begins in this environment.
     }
     Zones(const Zones&) = delete;
     Zones& operator=(const Zones&) = delete;
-    ~Zones() { forget(); }
+    ~Zones() {
+        clockTime = 0;
+        forget();
+    }
 
 private:
     static void forget() {
@@ -52,6 +68,7 @@ constexpr auto texts = std::to_array<TextCase>({
     {"2020-03-01 12:30", 1583065800},
     {"2020-03-01", 1583020800},
     {"2020-03", 1583020800},
+    {"20200315", 1584230400},
     {"20200301x", 0},
     {" 20200301", 0},
     {"2020-03-01T1230x", 1583020800},
@@ -121,47 +138,113 @@ TEST(DateTimeTest, ACompactTimeOfFiveDigitsThrows) {
     EXPECT_THROW(DateTime("2020-03-01T12304"), std::out_of_range);
 }
 
-// Of these two zones, one is in daylight time whenever this runs.
-TEST(DateTimeTest, TheSystemsOffsetHoldsTheShiftInForceAndDatesInDaylightTimeTakeItOnceMore) {
-    long offsets = 0;
-    for (const bool northern : {true, false}) {
-        const Zones zones("",
-                          northern ? "STD-1DST,M4.1.0/2,M10.1.0/3" : "STD-1DST,M10.1.0/2,M4.1.0/3");
-        const TzDef& zone = DateTime::calcCurrentTz();
-        const long shiftInJanuary = northern ? 0 : 3600;
-        EXPECT_EQ(DateTime("2020-01-01T12:00").getInternalTime() + zone.offset,
-                  1577880000 - shiftInJanuary);
-        EXPECT_EQ(DateTime("2020-07-01").getInternalTime() + zone.offset,
-                  1593561600 - 3600 + shiftInJanuary);
-        EXPECT_EQ(zone.getDstStart(2020), northern ? 1586048400 : 1601773200);
-        EXPECT_EQ(zone.getDstEnd(2020), northern ? 1601773200 : 1586048400);
-        offsets += zone.offset;
+TEST(DateTimeTest, TheLastDayOfAMonthIsTheOneBeforeTheNextMonth) {
+    const std::array<long, 12> lengths{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int month = 1; month <= 12; ++month) {
+        DateTime first;
+        DateTime last;
+        first.set(2019, month, 1, 0, 0, 0, {}, false);
+        last.set(2019, month, 31, 0, 0, 0, {}, false);
+        const long days = (last.getInternalTime() - first.getInternalTime()) / 86400 + 1;
+        EXPECT_EQ(days, lengths.at(static_cast<std::size_t>(month - 1))) << month;
     }
-    EXPECT_EQ(offsets, 3600 + 7200);
+}
+
+constexpr std::time_t january2010 = 1263513600;
+constexpr std::time_t july2010 = 1279152000;
+constexpr std::time_t january2026 = 1768435200;
+
+TEST(DateTimeTest, InSummerADateOfThatSeasonWithoutAZoneIsShiftedTwice) {
+    const Zones zones("", "STD-1DST,M4.1.0/2,M10.1.0/3", july2010);
+    EXPECT_EQ(DateTime("2020-01-01T12:00").getInternalTime(), 1577872800) << "10:00 GMT";
+    EXPECT_EQ(DateTime("2020-07-01T12:00").getInternalTime(), 1593594000) << "9:00 GMT";
 }
 
 struct SystemCase {
     const char* name;
     const char* zone;
+    std::time_t now;
     long offset;
     long shift;
-    long start2010;
+    DstDef start = {};
+    DstDef end = {};
 };
 
 constexpr auto systemZones = std::to_array<SystemCase>({
-    {"no changes", "STD+3:30", -12600, 0, 0},
-    {"the last of a weekday", "STD-1DST,M3.5.0,M10.5.0/3", 3600, 3600, 1269738000},
-    {"half an hour", "STD-10DST-10:30,M3.5.0,M10.5.0", 36000, 1800, 1269705600},
-    {"changes two months apart are not told", "STD0DST,M3.2.0,M5.2.0", 0, 0, 0},
+    {"no changes", "STD+3:30", january2010, -12600, 0},
+    {"the last of a weekday",
+     "STD-1DST,M3.5.0,M10.5.0/3",
+     january2010,
+     3600,
+     3600,
+     {3, 5, 6, 2},
+     {10, 5, 6, 3}},
+    {"half an hour",
+     "STD-10DST-10:30,M3.5.0,M10.5.0",
+     january2010,
+     36000,
+     1800,
+     {3, 5, 6, 2},
+     {10, 5, 6, 2}},
+    {"the offset in summer holds the shift",
+     "STD5DST,M3.2.0,M11.1.0",
+     july2010,
+     -14400,
+     3600,
+     {3, 2, 6, 3},
+     {11, 1, 6, 3}},
+    {"in the south",
+     "STD-10DST,M10.1.0,M4.1.0/3",
+     july2010,
+     36000,
+     3600,
+     {10, 1, 6, 2},
+     {4, 1, 6, 3}},
+    {"a last Friday that is the fourth beside five Sundays",
+     "STD0DST,M3.5.5,M10.5.0",
+     january2026,
+     0,
+     3600,
+     {3, 4, 4, 2},
+     {10, 5, 6, 2}},
+    {"changes two months apart are dropped", "STD0DST,M3.2.0,M5.2.0", january2010, 0, 0},
 });
 
-TEST(DateTimeTest, TheSystemsChangesAreToldAsRules) {
+std::array<long, 4> fieldsOf(const DstDef& change) {
+    return {change.month, change.week, change.day, change.hour};
+}
+
+TEST(DateTimeTest, TheSystemsChangesBecomeRules) {
     for (const SystemCase& row : systemZones) {
-        const Zones zones("", row.zone);
+        const Zones zones("", row.zone, row.now);
         const TzDef& zone = DateTime::currentTz();
         EXPECT_EQ(zone.offset, row.offset) << row.name;
         EXPECT_EQ(zone.dstShift, row.shift) << row.name;
-        EXPECT_EQ(zone.getDstStart(2010), row.start2010) << row.name;
+        EXPECT_EQ(fieldsOf(zone.dstStart), fieldsOf(row.start)) << row.name;
+        EXPECT_EQ(fieldsOf(zone.dstEnd), fieldsOf(row.end)) << row.name;
+    }
+}
+
+struct CacheCase {
+    const char* name;
+    long later;
+    long offset;
+};
+
+constexpr auto cacheCases = std::to_array<CacheCase>({
+    {"within the hour", 3599, 3600},
+    {"an hour later", 3600, 7200},
+    {"the clock was put back", -1, 7200},
+});
+
+TEST(DateTimeTest, TheSystemsZoneIsKeptForAnHour) {
+    for (const CacheCase& row : cacheCases) {
+        const Zones before("", "OLD-1", july2010);
+        EXPECT_EQ(DateTime::calcCurrentTz().offset, 3600) << row.name;
+        const tarvik_test::ScopedEnv after("TZ", "NEW-2");
+        tzset();
+        clockTime = july2010 + row.later;
+        EXPECT_EQ(DateTime::calcCurrentTz().offset, row.offset) << row.name;
     }
 }
 
@@ -178,6 +261,11 @@ TEST(DateTimeTest, TheWeeksOfAMonthAreCountedByItsSundays) {
     EXPECT_EQ(october.getDstStart(2019), 1571709600) << "Tuesday the 22nd";
     const TzDef november = zoneOf("+00:00 (+01:00 11M5W1D2H-4M1W6D3H)");
     EXPECT_EQ(november.getDstStart(2020), 1606788000) << "Tuesday the 1st of December";
+}
+
+TEST(DateTimeTest, AYearAfter9999HasTheChangesOf9999) {
+    for (const unsigned long year : {9999UL, 10000UL})
+        EXPECT_EQ(zoneOf(north).getDstStart(year), 253378198800) << year;
 }
 
 struct NearnessCase {
@@ -207,7 +295,7 @@ constexpr auto moments = std::to_array<NearnessCase>({
     {gmt, northStart, NotInDaylightTime},
 });
 
-TEST(DateTimeTest, AMomentNearAChangeIsToldApart) {
+TEST(DateTimeTest, AMomentNearAChangeHasAPositionOfItsOwn) {
     for (const NearnessCase& row : moments) {
         DateTime moment;
         moment.setInternalTime(row.moment);

@@ -18,7 +18,9 @@ TEST(FileOpsTest, WhatCountsAsExisting) {
 
     EXPECT_TRUE(FileOps::exists(file));
     EXPECT_TRUE(FileOps::exists(dir.path()));
-    EXPECT_TRUE(FileOps::exists(dir.path() + "/")) << "one trailing slash is ignored";
+    EXPECT_TRUE(FileOps::exists(file + "/")) << "one trailing slash is ignored";
+    EXPECT_FALSE(FileOps::exists(file + "//")) << "but not a second one";
+    EXPECT_FALSE(FileOps::exists("/")) << "so nothing is left";
     EXPECT_TRUE(FileOps::exists(dir.path() + "/link"));
     EXPECT_FALSE(FileOps::exists(dir.path() + "/broken"));
     EXPECT_FALSE(FileOps::exists(dir.path() + "/star*")) << "a wildcard names no file";

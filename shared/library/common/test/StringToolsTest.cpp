@@ -100,7 +100,8 @@ constexpr auto patternCases = std::to_array<PatternCase>({
     {"*", "", true},           {"**", "", false},       {"", "", false},
     {"", "a", false},          {"A", "a", false},       {"a*b", "aXbXb", true},
     {"*ab", "aab", true},      {"*aab", "aaab", false}, {"+????*", "+0200", true},
-    {"+????*", "+120", false},
+    {"+????*", "+120", false}, {"a*?", "a", true},      {"?**", "a", false},
+    {"?*?", "ab", true},       {"?", "a", true},        {"?", "ab", false},
 });
 
 TEST(StringToolsTest, APatternMatchesWithoutGoingBackInTheText) {
