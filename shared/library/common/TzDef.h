@@ -15,6 +15,8 @@ struct DstDef {
     long day = 0;    ///< 0 to 6, Monday being 0.
     long hour = 0;   ///< 0 to 23.
 
+    bool operator==(const DstDef&) const = default;
+
     /// Each "M", "W", "D" and "H" stores the number before it, in any order. Fields without their
     /// letter keep their values; ranges are not checked.
     void fromString(const std::string& text);
@@ -45,6 +47,9 @@ struct TzDef {
     long dstShift = 0;  ///< Seconds; 0 for no daylight time.
     DstDef dstStart = {};
     DstDef dstEnd = {};
+
+    /// Compares the fields, so two records can differ whose instants are the same.
+    bool operator==(const TzDef&) const = default;
 
     /// True if the offset is at most 12 hours either way and there is no shift, or the changes are
     /// 3 to 9 months apart, each with a week of at most 5 and a day of at most 6. Ignores `set`.
