@@ -1,6 +1,7 @@
 /// What the rules of a handle say, as records.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <list>
 #include <string>
@@ -13,18 +14,22 @@ struct RangeDef {
     long start = 0;
     /// The same; above 86400 in a range of the day that passes midnight.
     long end = 0;
+
+    bool operator==(const RangeDef&) const = default;
 };
 
 /// 0, Monday, to 6, Sunday.
 struct WeekDayCode {
     std::int32_t code = 0;
+
+    bool operator==(const WeekDayCode&) const = default;
 };
 
 /// Which counter of activity: a code of `mapCounterID`.
 struct CounterID {
     std::int32_t code = 0;
 
-    bool operator<(const CounterID& other) const { return code < other.code; }
+    auto operator<=>(const CounterID&) const = default;
 };
 
 /// A counter of the section `idle-detection`. Each number is 0 where the handle leaves it blank.
@@ -32,6 +37,8 @@ struct CounterDef {
     CounterID id;
     double threshold = 0.0;
     double weight = 0.0;
+
+    bool operator==(const CounterDef&) const = default;
 };
 
 /// A rule of the section `licenses`.
@@ -42,6 +49,8 @@ struct LicenseDef {
     std::string feature;  ///< In lower case.
     std::string version;  ///< As written.
     bool certain = false;
+
+    bool operator==(const LicenseDef&) const = default;
 };
 
 /// A rule of the section `filter`. The lower limits stay 0: no parameter sets them.
@@ -63,6 +72,8 @@ struct FilterDef {
     std::uint32_t countHigh = 100;
     std::uint32_t licenseUseLow = 0;  ///< Percent.
     std::uint32_t licenseUseHigh = 100;
+
+    bool operator==(const FilterDef&) const = default;
 };
 
 /// A rule of the section `priorities`. A parameter that is written blank blanks its field.
@@ -72,6 +83,8 @@ struct PriorityDef {
     std::string user = "*";
     std::string group = "*";
     std::int32_t priority = 1;  ///< A code of `HandleValidator::mapPriority`.
+
+    bool operator==(const PriorityDef&) const = default;
 };
 
 /// From "cpu", 0, to "keyboard", 3.

@@ -6,7 +6,6 @@
 
 #include <ctime>
 #include <optional>
-#include <tuple>
 #include <utility>
 
 namespace Tarvik {
@@ -141,27 +140,12 @@ std::string HandleValidator::getErrors() const {
     return text.append("\n\t- Ignoring Handle");
 }
 
-template <typename Validator>
-auto HandleValidator::fieldsOf(Validator& v) {
-    return std::tie(
-        v.lineNumber, v.errors, v.requireSameAvailable, v.currentKey, v.state, v.name,
-        v.exePatterns, v.requiredExes, v.multiple, v.useDisplay, v.pollInterval,
-        v.exeUpdateInterval, v.counters, v.idleThreshold, v.lagTime, v.idleTimeout,
-        v.suspendTimeout, v.suspendTimeoutAction, v.userCountdown, v.resendTimeout, v.disableMethod,
-        v.disableMethodArg, v.terminateTime, v.killTime, v.cpuThreshold, v.cpuTimeout, v.cpuAction,
-        v.cpuNotifyTimeout, v.filters, v.priorities, v.licenseType, v.licenseFile, v.licenseServers,
-        v.centralizedLicenses, v.loadTimeExtra, v.pollerBin, v.licenseUpdateInterval,
-        v.useLinkTimeout, v.linkTimeout, v.caseSensitive, v.requiredMode, v.requiredNames,
-        v.assumeHidden, v.availableReqs, v.ignoreVendors, v.ignoreFeatures, v.licenses,
-        v.directLinkPeriod, v.additionalOptions, v.scratchValue, v.executablesItems,
-        v.licensesItems, v.idleDetectionItems, v.cpuOveruseItems, v.optimizationItems,
-        v.filterItems, v.priorityItems, v.sectionsSeen, v.lastRuleSection, v.currentLine,
-        v.nameLine, v.ruleLines, v.executablesLine, v.licensesLine, v.licenseTypeText, v.hashes);
-}
-
+// Nothing of the record survives. The open file, `skipFileChecks`, `lastError` and `hadLineError`
+// do: they are not part of it.
 void HandleValidator::clear() {
-    static const HandleValidator fresh;
-    fieldsOf(*this) = fieldsOf(fresh);
+    // Copied, not moved: strings and vectors keep their memory from file to file.
+    static const HandleData fresh;
+    static_cast<HandleData&>(*this) = fresh;
     loadTime = std::time(nullptr);
 }
 

@@ -1,7 +1,7 @@
 /// Reads one handle file and lists every fault in it.
 #pragma once
 
-#include "apps/handlechecker/validation/HandleRecords.h"
+#include "apps/handlechecker/validation/HandleData.h"
 #include "apps/handlechecker/validation/NameSet.h"
 #include "apps/handlechecker/validation/RuleExpression.h"
 #include "shared/library/common/BasicFile.h"
@@ -25,37 +25,15 @@ namespace Tarvik {
 ///
 /// On the way it gathers what the handle says, as a program that acts on handles does; such a
 /// program derives from it and reads the fields at the end.
-// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the order of the fields is settled.
-class HandleValidator {
+class HandleValidator : protected HandleData {
 public:
-    struct Error {
-        std::string message;
-        std::string line;  ///< In decimal, from 1; "0" for a fault of the file as a whole.
-    };
-
-    /// A rule of the section `executables`.
-    struct ExePatternDef {
-        bool include = false;         ///< The rule's type is "include", not "exclude".
-        std::string exe;              ///< A pattern.
-        std::string args = "*";       ///< A pattern.
-        std::string child;            ///< A pattern; blank for none.
-        std::string childArgs = "*";  ///< A pattern.
-        bool childOnly = false;
-        bool required = false;
-    };
-
-    struct LicenseServerDef {
-        std::string host;
-        std::int16_t port = 0;
-    };
-
-    /// What has to be available: so many licenses, of one vendor or feature if it is named.
-    struct AvailableReq {
-        std::string vendor;   ///< The first name; the only one stands here too.
-        std::string feature;  ///< The second name.
-        std::int32_t count = 1;
-        bool percent = false;  ///< `count` is a share.
-    };
+    using HandleData::AvailableReq;
+    using HandleData::Error;
+    using HandleData::ExePatternDef;
+    using HandleData::GlobalCaseSensitive;
+    using HandleData::GlobalLinkTimeout;
+    using HandleData::GlobalUseLinkTimeout;
+    using HandleData::LicenseServerDef;
 
     enum ParseObject : std::int32_t {
         NoObject = 0,
@@ -222,16 +200,8 @@ public:
     static int mapLicenseType(const std::string& word);
     static constexpr int UnknownLicenseType = 7;
 
-    // --- what every handle starts with; nothing changes these
-
-    static constexpr bool GlobalUseLinkTimeout = false;
-    static constexpr long GlobalLinkTimeout = 600;  ///< Seconds.
-    static constexpr bool GlobalCaseSensitive = true;
-
 private:
     static constexpr std::string_view NameKey = "name";
-    /// The license type "none", under which a handle draws no licenses.
-    static constexpr int NoLicenses = 1;
 
     enum CpuAction : std::int32_t { NoAction = 0, Terminate = 1, NotifyAndTerminate = 2 };
 
@@ -242,8 +212,8 @@ private:
     /// set of names, or through an operation of its own.
     struct PlainKey {
         std::string_view word;
-        std::variant<bool HandleValidator::*, long HandleValidator::*, double HandleValidator::*,
-                     std::set<std::string> HandleValidator::*,
+        std::variant<bool HandleData::*, long HandleData::*, double HandleData::*,
+                     std::set<std::string> HandleData::*,
                      bool (HandleValidator::*)(std::string& value)>
             target;
     };
@@ -298,10 +268,10 @@ private:
     bool mayBeAbsent(std::string_view name, bool required);
 
     // Values of plain keys.
-    bool readValue(bool HandleValidator::*target, std::string& value);
-    bool readValue(long HandleValidator::*target, std::string& value);
-    bool readValue(double HandleValidator::*target, std::string& value);
-    bool readValue(std::set<std::string> HandleValidator::*target, std::string& value);
+    bool readValue(bool HandleData::*target, std::string& value);
+    bool readValue(long HandleData::*target, std::string& value);
+    bool readValue(double HandleData::*target, std::string& value);
+    bool readValue(std::set<std::string> HandleData::*target, std::string& value);
     bool readValue(bool (HandleValidator::*reader)(std::string&), std::string& value);
     bool readNumber(const std::string& value, double& out);
     /// The parts between the commas, trimmed; one of blanks only stays, as a blank part.
@@ -343,98 +313,14 @@ private:
 
     BasicFile file;
 
-protected:
-    /// Lines read so far.
-    unsigned long lineNumber = 0;
-    Error lastError;
-    std::vector<Error> errors;
-    bool requireSameAvailable = false;
-    /// Left side of the line that is being read.
-    std::string currentKey;
-    std::int32_t state = OutsideHandle;
-    std::int32_t hadLineError = 0;
-    std::string name;
-
-    // Durations are in seconds.
-    std::map<std::string, ExePatternDef> exePatterns;  ///< By the key of the rule.
-    std::set<std::string> requiredExes;  ///< Programs and children of the rules that require them.
-    bool multiple = false;
-    bool useDisplay = false;
-    long pollInterval = 0;
-    long exeUpdateInterval = 0;
-    std::map<CounterID, CounterDef> counters;
-    double idleThreshold = 4.0;
-    long lagTime = 60;
-    long idleTimeout = 600;
-    long suspendTimeout = 864000;
-    std::int32_t suspendTimeoutAction = 1;  ///< A code of `mapSuspendAction`.
-    long userCountdown = 0;
-    long resendTimeout = 1800;
-    std::int32_t disableMethod = 0;  ///< A code of `mapDisableMethod`.
-    std::string disableMethodArg = "ps";
-    long terminateTime = 120;
-    long killTime = 300;
-    double cpuThreshold = 95.0;  ///< Percent.
-    long cpuTimeout = 259200;
-    std::int32_t cpuAction = NoAction;
-    long cpuNotifyTimeout = 0;
-    std::map<std::string, FilterDef> filters;  ///< By the key of the rule.
-    std::list<PriorityDef> priorities;         ///< In the order of the file.
-    std::int32_t licenseType = NoLicenses;     ///< A code of `mapLicenseType`.
-    std::string licenseFile;
-    std::vector<LicenseServerDef> licenseServers;
-    std::vector<std::string> centralizedLicenses;
-    long loadTime = 0;  ///< When the reading began, in seconds since 1970.
-    long loadTimeExtra = 0;
-    std::string pollerBin;
-    long licenseUpdateInterval = 0;
-    bool useLinkTimeout = GlobalUseLinkTimeout;
-    long linkTimeout = GlobalLinkTimeout;
-    bool caseSensitive = GlobalCaseSensitive;
-    std::int32_t requiredMode = 0;         ///< 0 none, 1 any, 2 all, 3 the named ones.
-    std::list<std::string> requiredNames;  ///< In lower case.
-    bool assumeHidden = false;
-    /// Those with a vendor first, the last one of the file ahead; then those without, in file
-    /// order.
-    std::list<AvailableReq> availableReqs;
-    std::set<std::string> ignoreVendors;
-    std::set<std::string> ignoreFeatures;
-    std::list<LicenseDef> licenses;  ///< In the order of the file.
-    long directLinkPeriod = 0;
-    std::map<std::string, std::string> additionalOptions;  ///< As written, by key.
-    /// The text of the number that is being read.
-    std::string scratchValue;
-
-    // The plain keys seen in each section. The sections of the last two have none.
-    std::vector<std::string> executablesItems;
-    std::vector<std::string> licensesItems;
-    std::vector<std::string> idleDetectionItems;
-    std::vector<std::string> cpuOveruseItems;
-    std::vector<std::string> optimizationItems;
-    std::vector<std::string> filterItems;
-    std::vector<std::string> priorityItems;
-
-    std::vector<std::string> sectionsSeen;
-    std::string lastRuleSection;
-    std::string currentLine;  ///< As read.
-    bool skipFileChecks = false;
-    unsigned long nameLine = 0;
-    /// The lines of the rules of `executables` that passed.
-    std::vector<std::int32_t> ruleLines;
-    // Lines of the sections' heads; 0 means that the section is absent.
-    std::uint32_t executablesLine = 0;
-    std::uint32_t licensesLine = 0;
-    std::string licenseTypeText;  ///< As written, valid or not.
-
-private:
     /// The expression of the rule that is being read; its line must still be there.
     RuleExpression expression;
-    /// The fingerprints of the license files read so far, by path: many rules ask for the same.
-    std::map<std::string, std::uint64_t> hashes;
 
-    /// All fields that a file starts anew with, for the copying of their first values.
-    template <typename Validator>
-    static auto fieldsOf(Validator& validator);
+protected:
+    // These survive from one file to the next.
+    Error lastError;
+    std::int32_t hadLineError = 0;
+    bool skipFileChecks = false;
 };
 
 extern template bool HandleValidator::strToIntValidator(std::string value, short& out);

@@ -9,10 +9,10 @@ namespace Tarvik {
 
 bool HandleValidator::parseCPUOveruse(std::string& line) {
     static constexpr auto keys = std::to_array<PlainKey>({
-        {"threshold", &HandleValidator::cpuThreshold},
-        {"timeout", &HandleValidator::cpuTimeout},
+        {"threshold", &HandleData::cpuThreshold},
+        {"timeout", &HandleData::cpuTimeout},
         {"action", &HandleValidator::readCpuAction},
-        {"notify-timeout", &HandleValidator::cpuNotifyTimeout},
+        {"notify-timeout", &HandleData::cpuNotifyTimeout},
     });
 
     if (!divideKeyLine(line)) return false;

@@ -10,11 +10,11 @@ namespace Tarvik {
 
 bool HandleValidator::parseExecutables(std::string& line) {
     static constexpr auto keys = std::to_array<PlainKey>({
-        {"multiple", &HandleValidator::multiple},
-        {"use-display", &HandleValidator::useDisplay},
-        {"case-sensitive", &HandleValidator::caseSensitive},
-        {"poll-interval", &HandleValidator::pollInterval},
-        {"update-interval", &HandleValidator::exeUpdateInterval},
+        {"multiple", &HandleData::multiple},
+        {"use-display", &HandleData::useDisplay},
+        {"case-sensitive", &HandleData::caseSensitive},
+        {"poll-interval", &HandleData::pollInterval},
+        {"update-interval", &HandleData::exeUpdateInterval},
     });
 
     if (!divideKeyLine(line)) return false;

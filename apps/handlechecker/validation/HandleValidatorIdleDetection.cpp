@@ -9,7 +9,7 @@ namespace Tarvik {
 
 bool HandleValidator::parseIdleDetection(std::string& line) {
     static constexpr auto keys = std::to_array<PlainKey>({
-        {"idle-threshold", &HandleValidator::idleThreshold},
+        {"idle-threshold", &HandleData::idleThreshold},
     });
 
     if (line == "counters") {

@@ -19,16 +19,16 @@ bool HandleValidator::parseLicenses(std::string& line) {
         {"license-server", &HandleValidator::readLicenseServer},
         {"centralized-license", &HandleValidator::readCentralizedLicenses},
         {"poller-bin", &HandleValidator::readPollerBin},
-        {"update-interval", &HandleValidator::licenseUpdateInterval},
-        {"use-link-timeout", &HandleValidator::useLinkTimeout},
-        {"link-timeout", &HandleValidator::linkTimeout},
-        {"direct-link-period", &HandleValidator::directLinkPeriod},
+        {"update-interval", &HandleData::licenseUpdateInterval},
+        {"use-link-timeout", &HandleData::useLinkTimeout},
+        {"link-timeout", &HandleData::linkTimeout},
+        {"direct-link-period", &HandleData::directLinkPeriod},
         {"required", &HandleValidator::readRequired},
         {"assume-hidden", &HandleValidator::readAssumeHidden},
         {"require-available", &HandleValidator::readAvailableReq},
-        {"require-same-available", &HandleValidator::requireSameAvailable},
-        {"ignore-vendors", &HandleValidator::ignoreVendors},
-        {"ignore-features", &HandleValidator::ignoreFeatures},
+        {"require-same-available", &HandleData::requireSameAvailable},
+        {"ignore-vendors", &HandleData::ignoreVendors},
+        {"ignore-features", &HandleData::ignoreFeatures},
     });
 
     if (!divideKeyLine(line)) return false;

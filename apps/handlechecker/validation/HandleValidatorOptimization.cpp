@@ -10,15 +10,15 @@ namespace Tarvik {
 
 bool HandleValidator::parseOptimization(std::string& line) {
     static constexpr auto keys = std::to_array<PlainKey>({
-        {"idle-timeout", &HandleValidator::idleTimeout},
-        {"suspend-timeout", &HandleValidator::suspendTimeout},
+        {"idle-timeout", &HandleData::idleTimeout},
+        {"suspend-timeout", &HandleData::suspendTimeout},
         {"suspend-timeout-action", &HandleValidator::readSuspendTimeoutAction},
-        {"user-countdown", &HandleValidator::userCountdown},
-        {"resend-timeout", &HandleValidator::resendTimeout},
-        {"lag-time", &HandleValidator::lagTime},
+        {"user-countdown", &HandleData::userCountdown},
+        {"resend-timeout", &HandleData::resendTimeout},
+        {"lag-time", &HandleData::lagTime},
         {"method", &HandleValidator::readMethod},
-        {"terminate-time", &HandleValidator::terminateTime},
-        {"kill-time", &HandleValidator::killTime},
+        {"terminate-time", &HandleData::terminateTime},
+        {"kill-time", &HandleData::killTime},
         {"additional-countdown", &HandleValidator::readAdditionalOption},
         {"additional-disabled", &HandleValidator::readAdditionalOption},
     });

@@ -140,22 +140,21 @@ bool HandleValidator::readPlainKey(const PlainKey& key, std::vector<std::string>
     return std::visit([&](auto target) { return readValue(target, value); }, key.target);
 }
 
-bool HandleValidator::readValue(bool HandleValidator::*target, std::string& value) {
+bool HandleValidator::readValue(bool HandleData::*target, std::string& value) {
     return trueOrFalse(value, this->*target);
 }
 
 // A bad duration has left its message and counts as 0.
-bool HandleValidator::readValue(long HandleValidator::*target, std::string& value) {
+bool HandleValidator::readValue(long HandleData::*target, std::string& value) {
     this->*target = getHMS(value);
     return true;
 }
 
-bool HandleValidator::readValue(double HandleValidator::*target, std::string& value) {
+bool HandleValidator::readValue(double HandleData::*target, std::string& value) {
     return readNumber(value, this->*target);
 }
 
-bool HandleValidator::readValue(std::set<std::string> HandleValidator::*target,
-                                std::string& value) {
+bool HandleValidator::readValue(std::set<std::string> HandleData::*target, std::string& value) {
     for (std::string& name : namesIn(value)) {
         (this->*target).insert(std::move(name));
     }

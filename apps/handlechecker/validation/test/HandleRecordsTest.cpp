@@ -50,15 +50,32 @@ public:
         HandleValidator::suspendTimeoutAction, HandleValidator::terminateTime,
         HandleValidator::useLinkTimeout;
 
+    [[nodiscard]] Tarvik::HandleData& data() { return *this; }
+
     tarvik_test::TempDir dir;
 };
 
-TEST(HandleRecordsTest, AHandleThatStatesNothingHasTheDefaultsWhateverTheOneBeforeSaid) {
+// In the order of the fields, none with its first value.
+// clang-format off
+const Tarvik::HandleData differsEverywhere = {
+    1, {{"m", "1"}}, true, "k", 2, "n", {{"a", {}}}, {"e"}, true, true, 1, 1, {{{0}, {}}}, 1.0, 1,
+    1, 1, 2, 1, 1, 1, "x", 1, 1, 1.0, 1, 1, 1, {{"f", {}}}, {{}}, 2, "l", {{}}, {"c"}, 1, 1, "p", 1,
+    true, 1, false, 1, {"r"}, true, {{}}, {"v"}, {"f"}, {{}}, 1, {{"o", "1"}}, "s", {"i"}, {"i"},
+    {"i"}, {"i"}, {"i"}, {"i"}, {"i"}, {"s"}, "s", "c", 1, {1}, 1, 1, "t", {{"h", 1}}};
+// clang-format on
+
+TEST(HandleRecordsTest, ClearingBringsBackAllFirstValuesAndReadsTheClock) {
     ReadHandle handle;
-    handle.read("optimization",
-                "idle-timeout=1\nsuspend-timeout=1\nlag-time=1\nmethod=log:x\nkill-time=1");
-    handle.read("cpu-overuse", "threshold=1\ntimeout=1\naction=terminate");
+    handle.data() = differsEverywhere;
     const std::time_t before = std::time(nullptr);
+    handle.clear();
+    EXPECT_GE(handle.loadTime, before);
+    handle.loadTime = 0;
+    EXPECT_TRUE(handle.data() == Tarvik::HandleData());
+}
+
+TEST(HandleRecordsTest, AHandleThatStatesNothingHasTheDefaults) {
+    ReadHandle handle;
     EXPECT_EQ(handle.read("priorities", ""), "");
     EXPECT_EQ(handle.idleThreshold, 4.0);
     EXPECT_EQ(handle.lagTime, 60);
@@ -77,7 +94,6 @@ TEST(HandleRecordsTest, AHandleThatStatesNothingHasTheDefaultsWhateverTheOneBefo
     EXPECT_FALSE(handle.useLinkTimeout);
     EXPECT_EQ(handle.linkTimeout, 600);
     EXPECT_TRUE(handle.caseSensitive);
-    EXPECT_GE(handle.loadTime, before);
 }
 
 TEST(HandleRecordsTest, ARepeatedRuleOfExecutablesReplacesTheFirstAndBothCount) {
