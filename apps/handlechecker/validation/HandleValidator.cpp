@@ -17,8 +17,8 @@ struct KeyLine {
     std::string_view value;
 };
 
-// Cut at the first "="; none without one.
-std::optional<KeyLine> divided(std::string_view line) {
+// The two sides of the first "=", or none without one.
+std::optional<KeyLine> keyLineIn(std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return std::nullopt;
     return KeyLine{StringTools::trimmedRight(line.substr(0, equals)),
@@ -100,7 +100,7 @@ void HandleValidator::nameScanner(std::string& handleName) {
     std::string line;
     while (!file.atEof(OperationAny)) {
         file.readLine(line);
-        const std::optional<KeyLine> keyLine = divided(StringTools::trimmed(line));
+        const std::optional<KeyLine> keyLine = keyLineIn(StringTools::trimmed(line));
         if (!keyLine) continue;
         currentKey = keyLine->key;
         if (currentKey == NameKey) handleName = keyLine->value;
@@ -109,16 +109,16 @@ void HandleValidator::nameScanner(std::string& handleName) {
 }
 
 std::string HandleValidator::keyLineDivider(std::string& line) {
-    if (!divideAtEquals(line)) {
+    if (!takeKey(line)) {
         currentKey = StringTools::trimmedRight(line);
         line.clear();
     }
     return line;
 }
 
-// The work of keyLineDivider; false, and nothing done, for a line without "=".
-bool HandleValidator::divideAtEquals(std::string& line) {
-    const std::optional<KeyLine> keyLine = divided(line);
+// As keyLineDivider does. False, with nothing changed, for a line without "=".
+bool HandleValidator::takeKey(std::string& line) {
+    const std::optional<KeyLine> keyLine = keyLineIn(line);
     if (!keyLine) return false;
     currentKey = keyLine->key;
     line.erase(0, line.size() - keyLine->value.size());

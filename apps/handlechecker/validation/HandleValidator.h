@@ -237,7 +237,7 @@ private:
     void checkEnd(const ReadingResult& reading);
 
     int takeLine(std::string& line);
-    bool divideAtEquals(std::string& line);
+    bool takeKey(std::string& line);
 
     // One step of the line machine a state; each answers a `LineResult`.
     int inOutsideHandle(const std::string& line);
@@ -248,14 +248,14 @@ private:
     int inSection(std::string& line, ParseObject& parseobject);
     int inSubsection(std::string& line, ParseObject& parseobject);
     int moveTo(LineState next);
-    int reject(std::string message);
+    int rejectLine(std::string message);
 
     // What the sections share.
-    bool refuse(std::string message);
+    bool report(std::string message);
     bool divideKeyLine(std::string& line);
     const PlainKey* findKey(std::span<const PlainKey> keys) const;
     bool readPlainKey(const PlainKey& key, std::vector<std::string>& seen, std::string& value);
-    bool refuseKey(std::string_view section);
+    bool reportUnknownKey(std::string_view section);
     bool readRuleLine(const RuleForm& form, std::string_view value);
     bool readParameters(const RuleForm& form, std::string_view value);
     bool readExpression(std::string_view text);
@@ -265,7 +265,7 @@ private:
     bool holdOnce(const Params& params, bool listsAllowed);
     template <typename Text>
     bool takeParameter(std::string_view name, Text& out, bool required);
-    bool mayBeAbsent(std::string_view name, bool required);
+    bool reportIfRequired(std::string_view name, bool required);
 
     // Values of plain keys.
     bool readValue(bool HandleData::*target, std::string& value);

@@ -19,10 +19,11 @@ bool HandleValidator::parseCPUOveruse(std::string& line) {
     if (state != InSection) return true;
     // This key is known only behind the action that notifies. On purpose.
     if (currentKey == "notify-timeout" && cpuAction != NotifyAndTerminate) {
-        return refuseKey("cpu-overuse");
+        return reportUnknownKey("cpu-overuse");
     }
     const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, cpuOveruseItems, line) : refuseKey("cpu-overuse");
+    return key != nullptr ? readPlainKey(*key, cpuOveruseItems, line)
+                          : reportUnknownKey("cpu-overuse");
 }
 
 bool HandleValidator::readCpuAction(std::string& value) {
@@ -31,7 +32,7 @@ bool HandleValidator::readCpuAction(std::string& value) {
     } else if (value == "terminate-notify") {
         cpuAction = NotifyAndTerminate;
     } else {
-        return refuse(messages::fill(messages::invalidAction, {value}));
+        return report(messages::fill(messages::invalidAction, {value}));
     }
     return true;
 }

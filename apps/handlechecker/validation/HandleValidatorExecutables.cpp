@@ -44,7 +44,7 @@ bool HandleValidator::executablesRule(std::string& value) {
 
     rule.include = type == "include";
     if (!rule.include && type != "exclude") {
-        return refuse(messages::fill(messages::invalidValueFor, {type, "type"}));
+        return report(messages::fill(messages::invalidValueFor, {type, "type"}));
     }
     // What is bad here is told with the name of the rule, not of the parameter. On purpose.
     if (!trueOrFalse(childOnly, rule.childOnly)) return false;
@@ -59,7 +59,7 @@ bool HandleValidator::storeExecutablesRule(ExePatternDef rule) {
     const ExePatternDef& stored =
         exePatterns.insert_or_assign(currentKey, std::move(rule)).first->second;
     // The rule stays stored, it only does not count. On purpose.
-    if (stored.exe.empty()) return refuse(messages::fill(messages::blankExe, {currentKey}));
+    if (stored.exe.empty()) return report(messages::fill(messages::blankExe, {currentKey}));
     if (stored.required) {
         requiredExes.insert(stored.exe);
         if (!stored.child.empty()) requiredExes.insert(stored.child);

@@ -62,12 +62,12 @@ bool HandleValidator::readFilterParameter(std::string_view name, std::string_vie
         std::find_if(parameters.begin(), parameters.end(),
                      [name](const Parameter& row) { return row.name == name; });
     if (known != parameters.end()) return (this->*known->read)(value, rule);
-    return refuse(messages::fill(messages::parameterNotSupported, {name}));
+    return report(messages::fill(messages::parameterNotSupported, {name}));
 }
 
 bool HandleValidator::readFilterType(std::string_view value, FilterDef& rule) {
     if (value != "include" && value != "exclude") {
-        return refuse(messages::fill(messages::unknownFilterType, {value}));
+        return report(messages::fill(messages::unknownFilterType, {value}));
     }
     rule.type = value == "exclude" ? 1 : 0;
     return true;
@@ -82,7 +82,7 @@ bool HandleValidator::addText(std::string_view value, FilterDef& rule) {
 template <auto List>
 bool HandleValidator::addWeekDay(std::string_view value, FilterDef& rule) {
     const int code = mapWeekDay(std::string(value));
-    if (code == UnknownWeekDay) return refuse(messages::fill(messages::illegalWeekDay, {value}));
+    if (code == UnknownWeekDay) return report(messages::fill(messages::illegalWeekDay, {value}));
     (rule.*List).push_back({code});
     return true;
 }
@@ -91,7 +91,7 @@ template <auto List, auto Reader>
 bool HandleValidator::addRange(std::string_view value, FilterDef& rule) {
     RangeDef range;
     if (!(this->*Reader)(std::string(value), range)) {
-        return refuse(messages::fill(messages::illegalDateRange, {value}));
+        return report(messages::fill(messages::illegalDateRange, {value}));
     }
     (rule.*List).push_back(range);
     return true;

@@ -23,7 +23,7 @@ bool HandleValidator::parseIdleDetection(std::string& line) {
     if (state != InSection) return true;
     const PlainKey* const key = findKey(keys);
     return key != nullptr ? readPlainKey(*key, idleDetectionItems, line)
-                          : refuseKey("idle-detection");
+                          : reportUnknownKey("idle-detection");
 }
 
 bool HandleValidator::counterRule(std::string& value) {
@@ -32,7 +32,7 @@ bool HandleValidator::counterRule(std::string& value) {
         .section = {}, .failure = messages::invalidValue, .allowed = parameters};
 
     const int id = mapCounterID(currentKey);
-    if (id == unknownCounterID) return refuseKey("counters");
+    if (id == unknownCounterID) return reportUnknownKey("counters");
     checkMultipleSectionItems(idleDetectionItems, currentKey);
     if (!readParameters(form, value)) return false;
 

@@ -43,7 +43,7 @@ bool HandleValidator::readLicenseType(std::string& value) {
     licenseTypeText = value;
     const int type = mapLicenseType(value);
     if (type == UnknownLicenseType) {
-        return refuse(messages::fill(messages::invalidValue, {value}));
+        return report(messages::fill(messages::invalidValue, {value}));
     }
     licenseType = type;
     return true;
@@ -63,7 +63,7 @@ bool HandleValidator::readPollerBin(std::string& value) {
 
 bool HandleValidator::storePath(const std::string& path,
                                 const TarvikTables::MessageText<1>& missing, std::string& out) {
-    if (!skipFileChecks && !FileOps::exists(path)) return refuse(messages::fill(missing, {path}));
+    if (!skipFileChecks && !FileOps::exists(path)) return report(messages::fill(missing, {path}));
     out = path;
     return true;
 }
@@ -106,7 +106,7 @@ bool HandleValidator::readRequired(std::string& value) {
 // Not a boolean like the others: "true", "false" and a blank are faults here. On purpose.
 bool HandleValidator::readAssumeHidden(std::string& value) {
     if (value != "yes" && value != "no") {
-        return refuse(messages::fill(messages::invalidValue, {value}));
+        return report(messages::fill(messages::invalidValue, {value}));
     }
     assumeHidden = value == "yes";
     return true;
@@ -151,7 +151,7 @@ bool HandleValidator::licensesRule(std::string& value) {
     // purpose.
     if (licenseType != NoLicenses && hashWanted.empty() && rule.vendor.empty() &&
         rule.feature.empty() && rule.version.empty() && certain.empty()) {
-        return refuse(messages::fill(messages::blankLicense, {licenseTypeText}));
+        return report(messages::fill(messages::blankLicense, {licenseTypeText}));
     }
     StringTools::makeLower(rule.vendor);
     StringTools::makeLower(rule.feature);
@@ -166,14 +166,14 @@ bool HandleValidator::licensesRule(std::string& value) {
 // Under any type, and with the checks for files off too. The messages show the whole expression of
 // the rule, not its key. On purpose, all.
 bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
-    if (licenseFile.empty()) return refuse(messages::fill(messages::noLicenseFileYet, {value}));
+    if (licenseFile.empty()) return report(messages::fill(messages::noLicenseFileYet, {value}));
     const auto known = hashes.find(licenseFile);
     if (known != hashes.end()) {
         rule.fileHash = known->second;
         return true;
     }
     if (!readHash(licenseFile, rule.fileHash)) {
-        return refuse(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
+        return report(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
     }
     hashes.emplace(licenseFile, rule.fileHash);
     return true;

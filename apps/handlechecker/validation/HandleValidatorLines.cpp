@@ -52,7 +52,7 @@ int HandleValidator::takeLine(std::string& line) {
     case InSection: return inSection(line, parseobject);
     case ExpectSubsectionBrace: return expectBrace(line, InSubsection);
     case InSubsection: return inSubsection(line, parseobject);
-    default: return reject(messages::fill(messages::internalError));
+    default: return rejectLine(messages::fill(messages::internalError));
     }
 }
 
@@ -61,15 +61,15 @@ int HandleValidator::inOutsideHandle(const std::string& line) {
     if (line == "handle") return moveTo(ExpectHandleBrace);
     if (line == "{") {
         state = InHandle;
-        return reject(messages::fill(messages::handleMissing));
+        return rejectLine(messages::fill(messages::handleMissing));
     }
-    return reject(messages::fill(messages::outsideOfHandle, {line}));
+    return rejectLine(messages::fill(messages::outsideOfHandle, {line}));
 }
 
 // "{" -> next, accepted | else stays, rejected: every line is, until a "{" comes. On purpose.
 int HandleValidator::expectBrace(const std::string& line, LineState next) {
     if (line == "{") return moveTo(next);
-    return reject(messages::fill(messages::expectingBrace, {line}));
+    return rejectLine(messages::fill(messages::expectingBrace, {line}));
 }
 
 // "}" -> OutsideHandle, closed | with "=" a key line | a section word -> ExpectSectionBrace
@@ -86,9 +86,9 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     if (line == "{") {
         // A section without a word: its lines are rejected without a word too, up to its "}".
         state = InSection;
-        return reject(messages::fill(messages::sectionMissing));
+        return rejectLine(messages::fill(messages::sectionMissing));
     }
-    return reject(messages::fill(messages::invalidElement, {line}));
+    return rejectLine(messages::fill(messages::invalidElement, {line}));
 }
 
 // The section opens even when the name is late. Only the first one can say so, and again when it is
@@ -96,7 +96,7 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
 int HandleValidator::openSection() {
     state = ExpectSectionBrace;
     if (sectionsSeen.size() == 1 && name.empty()) {
-        return reject(messages::fill(messages::nameNotFirst));
+        return rejectLine(messages::fill(messages::nameNotFirst));
     }
     return LineAccepted;
 }
@@ -104,9 +104,9 @@ int HandleValidator::openSection() {
 int HandleValidator::keyLineInHandle(const std::string& line) {
     std::string value = line;
     keyLineDivider(value);
-    if (currentKey != NameKey) return reject(messages::fill(messages::invalidElement, {line}));
-    if (!name.empty()) return reject(messages::fill(messages::duplicateName));
-    if (value.empty()) return reject(messages::fill(messages::blankName));
+    if (currentKey != NameKey) return rejectLine(messages::fill(messages::invalidElement, {line}));
+    if (!name.empty()) return rejectLine(messages::fill(messages::duplicateName));
+    if (value.empty()) return rejectLine(messages::fill(messages::blankName));
     name = std::move(value);
     nameLine = lineNumber;
     return LineAccepted;
@@ -123,7 +123,7 @@ int HandleValidator::inSection(std::string& line, ParseObject& parseobject) {
         // Taken for a forgotten "}": the new section opens at once.
         parseobject = next;
         state = ExpectSectionBrace;
-        return reject(messages::fill(messages::braceMissingBeforeSection, {line}));
+        return rejectLine(messages::fill(messages::braceMissingBeforeSection, {line}));
     }
     return parseObjectChecker(parseobject, line) ? LineAccepted : LineRejected;
 }
@@ -139,8 +139,8 @@ int HandleValidator::moveTo(LineState next) {
     return LineAccepted;
 }
 
-int HandleValidator::reject(std::string message) {
-    refuse(std::move(message));
+int HandleValidator::rejectLine(std::string message) {
+    report(std::move(message));
     return LineRejected;
 }
 

@@ -26,14 +26,15 @@ bool HandleValidator::parseOptimization(std::string& line) {
     if (!divideKeyLine(line)) return false;
     if (state != InSection) return true;
     const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, optimizationItems, line) : refuseKey("optimization");
+    return key != nullptr ? readPlainKey(*key, optimizationItems, line)
+                          : reportUnknownKey("optimization");
 }
 
 // "terminate" is the one word that is refused, and unknown words pass as 0. On purpose.
 bool HandleValidator::readSuspendTimeoutAction(std::string& value) {
     std::string word = value;
     StringTools::makeLower(word);
-    if (word == "terminate") return refuse(messages::fill(messages::invalidElement, {value}));
+    if (word == "terminate") return report(messages::fill(messages::invalidElement, {value}));
     suspendTimeoutAction = mapSuspendAction(value);
     return true;
 }
@@ -47,7 +48,7 @@ bool HandleValidator::readMethod(std::string& value) {
     }
     disableMethod = mapDisableMethod(value);
     if (disableMethod != unknownDisableMethod) return true;
-    return refuse(messages::fill(messages::invalidElement, {value}));
+    return report(messages::fill(messages::invalidElement, {value}));
 }
 
 bool HandleValidator::readAdditionalOption(std::string& value) {

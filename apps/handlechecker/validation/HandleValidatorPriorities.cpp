@@ -30,7 +30,7 @@ bool HandleValidator::parsePriorities(std::string& line) {
     if (!word.empty()) {
         rule.priority = mapPriority(word);
         if (rule.priority == UnknownPriority) {
-            return refuse(messages::fill(messages::invalidPriority, {word}));
+            return report(messages::fill(messages::invalidPriority, {word}));
         }
     }
     priorities.push_back(std::move(rule));

@@ -51,13 +51,13 @@ bool HandleValidator::parseValue(std::string value, RuleParameters& out) {
 bool HandleValidator::readExpression(std::string_view text) {
     const bool good = expression.read(text);
     if (expression.lacksOpeningBracket()) {
-        refuse(messages::fill(messages::openingBracketMissing, {text}));
+        report(messages::fill(messages::openingBracketMissing, {text}));
     }
     if (expression.lacksClosingBracket()) {
-        refuse(messages::fill(messages::closingBracketMissing, {text}));
+        report(messages::fill(messages::closingBracketMissing, {text}));
     }
     for (const std::string_view name : expression.namesWithoutValue()) {
-        refuse(messages::fill(messages::invalidExpression, {name}));
+        report(messages::fill(messages::invalidExpression, {name}));
     }
     return good;
 }
@@ -65,7 +65,7 @@ bool HandleValidator::readExpression(std::string_view text) {
 bool HandleValidator::getValueElement(const RuleParameters& params, const std::string& name,
                                       std::string& out, bool required) {
     const auto first = params.lower_bound(name);
-    if (first == params.end() || first->first != name) return mayBeAbsent(name, required);
+    if (first == params.end() || first->first != name) return reportIfRequired(name, required);
     out = first->second;
     return true;
 }
@@ -73,7 +73,7 @@ bool HandleValidator::getValueElement(const RuleParameters& params, const std::s
 template <typename Text>
 bool HandleValidator::takeParameter(std::string_view name, Text& out, bool required) {
     const std::string_view* const value = expression.valueOf(name);
-    if (value == nullptr) return mayBeAbsent(name, required);
+    if (value == nullptr) return reportIfRequired(name, required);
     out = *value;
     return true;
 }
@@ -81,8 +81,8 @@ bool HandleValidator::takeParameter(std::string_view name, Text& out, bool requi
 template bool HandleValidator::takeParameter(std::string_view, std::string&, bool);
 template bool HandleValidator::takeParameter(std::string_view, std::string_view&, bool);
 
-bool HandleValidator::mayBeAbsent(std::string_view name, bool required) {
-    return !required || refuse(messages::fill(messages::parameterRequired, {name, currentKey}));
+bool HandleValidator::reportIfRequired(std::string_view name, bool required) {
+    return !required || report(messages::fill(messages::parameterRequired, {name, currentKey}));
 }
 
 bool HandleValidator::validateRuleParameters(RuleParameters& params, std::string& allowed) {
@@ -97,7 +97,7 @@ bool HandleValidator::holdOnly(const Params& params, std::span<const std::string
     bool good = true;
     for (const auto& [name, value] : params) {
         if (isListed(name, allowed)) continue;
-        good = refuse(messages::fill(messages::parameterNotSupported, {name}));
+        good = report(messages::fill(messages::parameterNotSupported, {name}));
     }
     return good;
 }
@@ -119,7 +119,7 @@ bool HandleValidator::holdOnce(const Params& params, bool listsAllowed) {
         }
         const bool repeated = std::next(start) != param;
         if (repeated && !(listsAllowed && isListed(name, listParameters))) {
-            good = refuse(messages::fill(messages::multipleDefinition, {name}));
+            good = report(messages::fill(messages::multipleDefinition, {name}));
         }
     }
     return good;
@@ -128,7 +128,7 @@ bool HandleValidator::holdOnce(const Params& params, bool listsAllowed) {
 bool HandleValidator::checkInvalidRule(std::string& key) {
     const bool good =
         !key.empty() && key.find('.') == std::string::npos && key.find(' ') == std::string::npos;
-    return good || refuse(messages::fill(messages::invalidRuleName, {key}));
+    return good || report(messages::fill(messages::invalidRuleName, {key}));
 }
 
 void HandleValidator::checkSimilarRules(std::string section, std::string& key) {
@@ -136,7 +136,7 @@ void HandleValidator::checkSimilarRules(std::string section, std::string& key) {
         RuleNums.clear();
         lastRuleSection = std::move(section);
     }
-    if (!RuleNums.insert(key)) refuse(messages::fill(messages::multipleDefinition, {key}));
+    if (!RuleNums.insert(key)) report(messages::fill(messages::multipleDefinition, {key}));
 }
 
 void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key) {
@@ -145,7 +145,7 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
         seen.push_back(key);
         return;
     }
-    refuse(messages::fill(messages::multipleDefinition, {key}));
+    report(messages::fill(messages::multipleDefinition, {key}));
 }
 
 bool HandleValidator::readRuleLine(const RuleForm& form, std::string_view value) {
@@ -156,14 +156,14 @@ bool HandleValidator::readRuleLine(const RuleForm& form, std::string_view value)
 }
 
 bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
-    if (!readExpression(value)) return refuse(messages::fill(form.failure, {value}));
+    if (!readExpression(value)) return report(messages::fill(form.failure, {value}));
     if (!holdOnly(expression.parameters(), form.allowed)) return false;
     return holdOnce(expression.parameters(), form.lists);
 }
 
 bool HandleValidator::divideKeyLine(std::string& line) {
-    if (divideAtEquals(line)) return true;
-    return refuse(messages::fill(messages::invalidElement, {line}));
+    if (takeKey(line)) return true;
+    return report(messages::fill(messages::invalidElement, {line}));
 }
 
 const HandleValidator::PlainKey* HandleValidator::findKey(std::span<const PlainKey> keys) const {
@@ -172,11 +172,11 @@ const HandleValidator::PlainKey* HandleValidator::findKey(std::span<const PlainK
     return found == keys.end() ? nullptr : &*found;
 }
 
-bool HandleValidator::refuseKey(std::string_view section) {
-    return refuse(messages::fill(messages::keyNotSupported, {currentKey, section}));
+bool HandleValidator::reportUnknownKey(std::string_view section) {
+    return report(messages::fill(messages::keyNotSupported, {currentKey, section}));
 }
 
-bool HandleValidator::refuse(std::string message) {
+bool HandleValidator::report(std::string message) {
     addToErrorList(std::move(message), lineNumber);
     return false;
 }

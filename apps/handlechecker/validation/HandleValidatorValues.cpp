@@ -57,13 +57,13 @@ bool HandleValidator::trueOrFalse(std::string value, bool& out) {
         out = false;
         return true;
     }
-    return refuse(messages::fill(messages::invalidValueFor, {value, currentKey}));
+    return report(messages::fill(messages::invalidValueFor, {value, currentKey}));
 }
 
 template <typename T>
 bool HandleValidator::strToIntValidator(std::string value, T& out) {
     if (value.empty()) return true;
-    if (!holdsOnlyDigits(value)) return refuse(messages::fill(messages::invalidValueOf, {value}));
+    if (!holdsOnlyDigits(value)) return report(messages::fill(messages::invalidValueOf, {value}));
     out = cutNumber<T>(value);
     return true;
 }
@@ -78,7 +78,7 @@ bool HandleValidator::strToFloatValidator(std::string value, T& out) {
     const auto isPart = [](char byte) { return isDigit(byte) || byte == '.'; };
     if (!std::all_of(value.begin(), value.end(), isPart) ||
         std::count(value.begin(), value.end(), '.') > 1) {
-        return refuse(messages::fill(messages::invalidValueOf, {value}));
+        return report(messages::fill(messages::invalidValueOf, {value}));
     }
     out = std::strtod(value.c_str(), nullptr);
     return true;
@@ -97,7 +97,7 @@ long HandleValidator::getHMS(const std::string& value) {
         scratchValue = field;
         // There is no unit ahead of the days.
         if (i == resolution.size() || !holdsOnlyDigits(field)) {
-            refuse(messages::fill(messages::invalidValueOf, {field}));
+            report(messages::fill(messages::invalidValueOf, {field}));
             return 0;
         }
         sum += cutNumber<std::int32_t>(scratchValue) * resolution[i];
