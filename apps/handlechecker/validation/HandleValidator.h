@@ -14,7 +14,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace Tarvik {
@@ -202,25 +201,20 @@ public:
 
 private:
     static constexpr std::string_view NameKey = "name";
+    static constexpr std::string_view CountersWord = "counters";
 
     enum CpuAction : std::int32_t { NoAction = 0, Terminate = 1, NotifyAndTerminate = 2 };
 
     /// Process-wide. The keys of the rules seen in the section that is being read.
     static NameSet RuleNums;
 
-    /// A key that a section knows, and where its value goes: into a flag, a duration, a number or a
-    /// set of names, or through an operation of its own.
-    struct PlainKey {
-        std::string_view word;
-        std::variant<bool HandleData::*, long HandleData::*, double HandleData::*,
-                     std::set<std::string> HandleData::*,
-                     bool (HandleValidator::*)(std::string& value)>
-            target;
-    };
+    // Rows of the table of sections, and the table.
+    struct PlainKey;
+    struct Section;
+    struct SectionTable;
 
     /// What the rules of one section have in common.
     struct RuleForm {
-        std::string_view section;  ///< For the keys used twice.
         TarvikTables::MessageText<1>
             failure;  ///< What is said of an expression that cannot be read.
         std::span<const std::string_view> allowed;  ///< The names of the parameters.
@@ -252,11 +246,11 @@ private:
 
     // What the sections share.
     bool report(std::string message);
-    bool divideKeyLine(std::string& line);
-    const PlainKey* findKey(std::span<const PlainKey> keys) const;
-    bool readPlainKey(const PlainKey& key, std::vector<std::string>& seen, std::string& value);
+    bool readSectionLine(ParseObject object, std::string& line);
+    const PlainKey* findKey(const Section& section) const;
+    bool readPlainKey(const PlainKey& key, std::string& value);
+    bool startRule(const Section& section);
     bool reportUnknownKey(std::string_view section);
-    bool readRuleLine(const RuleForm& form, std::string_view value);
     bool readParameters(const RuleForm& form, std::string_view value);
     bool readExpression(std::string_view text);
     template <typename Params>
@@ -268,11 +262,6 @@ private:
     bool reportIfRequired(std::string_view name, bool required);
 
     // Values of plain keys.
-    bool readValue(bool HandleData::*target, std::string& value);
-    bool readValue(long HandleData::*target, std::string& value);
-    bool readValue(double HandleData::*target, std::string& value);
-    bool readValue(std::set<std::string> HandleData::*target, std::string& value);
-    bool readValue(bool (HandleValidator::*reader)(std::string&), std::string& value);
     bool readNumber(const std::string& value, double& out);
     /// The parts between the commas, trimmed; one of blanks only stays, as a blank part.
     static void splitAtCommas(const std::string& value, std::vector<std::string>& out);
@@ -295,6 +284,8 @@ private:
     bool readRequired(std::string& value);
     bool readAssumeHidden(std::string& value);
     bool readAvailableReq(std::string& value);
+    bool filterRule(std::string& value);
+    bool prioritiesRule(std::string& value);
     bool readFilterParameter(std::string_view name, std::string_view value, FilterDef& rule);
     bool readFilterType(std::string_view value, FilterDef& rule);
     template <auto List>
@@ -309,6 +300,7 @@ private:
     bool readSuspendTimeoutAction(std::string& value);
     bool readMethod(std::string& value);
     bool readAdditionalOption(std::string& value);
+    [[nodiscard]] bool isCpuNotified() const;
     bool readCpuAction(std::string& value);
 
     BasicFile file;

@@ -8,27 +8,11 @@
 
 namespace Tarvik {
 
-bool HandleValidator::parseExecutables(std::string& line) {
-    static constexpr auto keys = std::to_array<PlainKey>({
-        {"multiple", &HandleData::multiple},
-        {"use-display", &HandleData::useDisplay},
-        {"case-sensitive", &HandleData::caseSensitive},
-        {"poll-interval", &HandleData::pollInterval},
-        {"update-interval", &HandleData::exeUpdateInterval},
-    });
-
-    if (!divideKeyLine(line)) return false;
-    if (state != InSection) return true;
-    const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, executablesItems, line) : executablesRule(line);
-}
-
 bool HandleValidator::executablesRule(std::string& value) {
     static constexpr auto parameters = std::to_array<std::string_view>(
         {"type", "exe", "args", "child", "child-args", "child-only", "required"});
-    static constexpr RuleForm form = {
-        .section = "Executables", .failure = messages::invalidValue, .allowed = parameters};
-    if (!readRuleLine(form, value)) return false;
+    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    if (!readParameters(form, value)) return false;
 
     ExePatternDef rule;
     std::string_view type;

@@ -9,25 +9,20 @@
 
 namespace Tarvik {
 
-bool HandleValidator::parseFilter(std::string& line) {
+bool HandleValidator::filterRule(std::string& value) {
     // "licenses-use%" passes here and has no reader below: refused all the same. On purpose.
     static constexpr auto parameters = std::to_array<std::string_view>(
         {"type", "os", "n-os", "host", "n-host", "user", "n-user", "wday", "n-wday", "date",
          "n-date", "time", "n-time", "count", "licenses-use%", "licenses"});
     // The one section that says "element" of an expression.
-    static constexpr RuleForm form = {.section = "Filter",
-                                      .failure = messages::invalidElement,
-                                      .allowed = parameters,
-                                      .lists = true};
-
-    if (!divideKeyLine(line)) return false;
-    if (state != InSection) return true;
-    if (!readRuleLine(form, line)) return false;
+    static constexpr RuleForm form = {
+        .failure = messages::invalidElement, .allowed = parameters, .lists = true};
+    if (!readParameters(form, value)) return false;
 
     FilterDef rule;
     // In the order of the names: that decides which of several faults is told.
-    for (const auto& [name, value] : expression.parameters()) {
-        if (!readFilterParameter(name, value, rule)) return false;
+    for (const auto& [name, text] : expression.parameters()) {
+        if (!readFilterParameter(name, text, rule)) return false;
     }
     filters.insert_or_assign(currentKey, std::move(rule));
     return true;

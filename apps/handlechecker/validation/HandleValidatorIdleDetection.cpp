@@ -7,32 +7,12 @@
 
 namespace Tarvik {
 
-bool HandleValidator::parseIdleDetection(std::string& line) {
-    static constexpr auto keys = std::to_array<PlainKey>({
-        {"idle-threshold", &HandleData::idleThreshold},
-    });
-
-    if (line == "counters") {
-        // A head inside the block counts too, and leads the line machine past its last state; a
-        // second block is no repetition, but its keys are. On purpose, both.
-        ++state;
-        return true;
-    }
-    if (!divideKeyLine(line)) return false;
-    if (state == InSubsection) return counterRule(line);
-    if (state != InSection) return true;
-    const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, idleDetectionItems, line)
-                          : reportUnknownKey("idle-detection");
-}
-
 bool HandleValidator::counterRule(std::string& value) {
     static constexpr auto parameters = std::to_array<std::string_view>({"threshold", "weight"});
-    static constexpr RuleForm form = {
-        .section = {}, .failure = messages::invalidValue, .allowed = parameters};
+    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
 
     const int id = mapCounterID(currentKey);
-    if (id == unknownCounterID) return reportUnknownKey("counters");
+    if (id == unknownCounterID) return reportUnknownKey(CountersWord);
     checkMultipleSectionItems(idleDetectionItems, currentKey);
     if (!readParameters(form, value)) return false;
 

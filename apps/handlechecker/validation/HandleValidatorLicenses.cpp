@@ -12,31 +12,6 @@
 
 namespace Tarvik {
 
-bool HandleValidator::parseLicenses(std::string& line) {
-    static constexpr auto keys = std::to_array<PlainKey>({
-        {"license-type", &HandleValidator::readLicenseType},
-        {"license-file", &HandleValidator::readLicenseFile},
-        {"license-server", &HandleValidator::readLicenseServer},
-        {"centralized-license", &HandleValidator::readCentralizedLicenses},
-        {"poller-bin", &HandleValidator::readPollerBin},
-        {"update-interval", &HandleData::licenseUpdateInterval},
-        {"use-link-timeout", &HandleData::useLinkTimeout},
-        {"link-timeout", &HandleData::linkTimeout},
-        {"direct-link-period", &HandleData::directLinkPeriod},
-        {"required", &HandleValidator::readRequired},
-        {"assume-hidden", &HandleValidator::readAssumeHidden},
-        {"require-available", &HandleValidator::readAvailableReq},
-        {"require-same-available", &HandleData::requireSameAvailable},
-        {"ignore-vendors", &HandleData::ignoreVendors},
-        {"ignore-features", &HandleData::ignoreFeatures},
-    });
-
-    if (!divideKeyLine(line)) return false;
-    if (state != InSection) return true;
-    const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, licensesItems, line) : licensesRule(line);
-}
-
 // What follows depends on the type that stands ahead of it: under "none" a license file, a poller
 // and what is required are passed over without a look. On purpose.
 bool HandleValidator::readLicenseType(std::string& value) {
@@ -134,9 +109,8 @@ bool HandleValidator::readAvailableReq(std::string& value) {
 bool HandleValidator::licensesRule(std::string& value) {
     static constexpr auto parameters = std::to_array<std::string_view>(
         {"license-file", "vendor", "feature", "version", "certain"});
-    static constexpr RuleForm form = {
-        .section = "Licenses", .failure = messages::invalidValue, .allowed = parameters};
-    if (!readRuleLine(form, value)) return false;
+    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    if (!readParameters(form, value)) return false;
 
     LicenseDef rule;
     std::string_view hashWanted;

@@ -3,24 +3,12 @@
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
 #include "shared/library/common/StringTools.h"
-#include "shared/library/tables/Keywords.h"
 
-#include <array>
 #include <utility>
 
 namespace Tarvik {
 
 namespace {
-
-constexpr auto sectionWords = std::to_array<TarvikTables::Keyword>({
-    {"executables", HandleValidator::Executables},
-    {"licenses", HandleValidator::Licenses},
-    {"idle-detection", HandleValidator::IdleDetection},
-    {"optimization", HandleValidator::Optimization},
-    {"cpu-overuse", HandleValidator::CpuOveruse},
-    {"filter", HandleValidator::Filter},
-    {"priorities", HandleValidator::Priorities},
-});
 
 // The last "#" starts the comment, and there is no quoting: a "#" in a value always cuts.
 void cutComment(std::string& line) {
@@ -142,16 +130,6 @@ int HandleValidator::moveTo(LineState next) {
 int HandleValidator::rejectLine(std::string message) {
     report(std::move(message));
     return LineRejected;
-}
-
-HandleValidator::ParseObject HandleValidator::getParseObject(std::string& word) {
-    const auto object =
-        static_cast<ParseObject>(TarvikTables::codeOf(word, sectionWords, NoObject));
-    if (object == NoObject) return NoObject;
-    if (object == Executables) executablesLine = static_cast<std::uint32_t>(lineNumber);
-    if (object == Licenses) licensesLine = static_cast<std::uint32_t>(lineNumber);
-    checkMultipleSectionItems(sectionsSeen, word);
-    return object;
 }
 
 }  // namespace Tarvik

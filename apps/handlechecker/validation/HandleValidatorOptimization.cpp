@@ -4,31 +4,7 @@
 #include "apps/handlechecker/validation/HandleValidator.h"
 #include "shared/library/common/StringTools.h"
 
-#include <array>
-
 namespace Tarvik {
-
-bool HandleValidator::parseOptimization(std::string& line) {
-    static constexpr auto keys = std::to_array<PlainKey>({
-        {"idle-timeout", &HandleData::idleTimeout},
-        {"suspend-timeout", &HandleData::suspendTimeout},
-        {"suspend-timeout-action", &HandleValidator::readSuspendTimeoutAction},
-        {"user-countdown", &HandleData::userCountdown},
-        {"resend-timeout", &HandleData::resendTimeout},
-        {"lag-time", &HandleData::lagTime},
-        {"method", &HandleValidator::readMethod},
-        {"terminate-time", &HandleData::terminateTime},
-        {"kill-time", &HandleData::killTime},
-        {"additional-countdown", &HandleValidator::readAdditionalOption},
-        {"additional-disabled", &HandleValidator::readAdditionalOption},
-    });
-
-    if (!divideKeyLine(line)) return false;
-    if (state != InSection) return true;
-    const PlainKey* const key = findKey(keys);
-    return key != nullptr ? readPlainKey(*key, optimizationItems, line)
-                          : reportUnknownKey("optimization");
-}
 
 // "terminate" is the one word that is refused, and unknown words pass as 0. On purpose.
 bool HandleValidator::readSuspendTimeoutAction(std::string& value) {

@@ -8,15 +8,11 @@
 
 namespace Tarvik {
 
-bool HandleValidator::parsePriorities(std::string& line) {
+bool HandleValidator::prioritiesRule(std::string& value) {
     static constexpr auto parameters =
         std::to_array<std::string_view>({"host", "user", "group", "priority"});
-    static constexpr RuleForm form = {
-        .section = "Priorities", .failure = messages::invalidValue, .allowed = parameters};
-
-    if (!divideKeyLine(line)) return false;
-    if (state != InSection) return true;
-    if (!readRuleLine(form, line)) return false;
+    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    if (!readParameters(form, value)) return false;
 
     PriorityDef rule;
     rule.name = currentKey;

@@ -148,32 +148,10 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
     report(messages::fill(messages::multipleDefinition, {key}));
 }
 
-bool HandleValidator::readRuleLine(const RuleForm& form, std::string_view value) {
-    if (!checkInvalidRule(currentKey)) return false;
-    // The key of a rule that is rejected below counts as seen. On purpose.
-    checkSimilarRules(std::string(form.section), currentKey);
-    return readParameters(form, value);
-}
-
 bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
     if (!readExpression(value)) return report(messages::fill(form.failure, {value}));
     if (!holdOnly(expression.parameters(), form.allowed)) return false;
     return holdOnce(expression.parameters(), form.lists);
-}
-
-bool HandleValidator::divideKeyLine(std::string& line) {
-    if (takeKey(line)) return true;
-    return report(messages::fill(messages::invalidElement, {line}));
-}
-
-const HandleValidator::PlainKey* HandleValidator::findKey(std::span<const PlainKey> keys) const {
-    const auto found = std::find_if(keys.begin(), keys.end(),
-                                    [this](const PlainKey& key) { return key.word == currentKey; });
-    return found == keys.end() ? nullptr : &*found;
-}
-
-bool HandleValidator::reportUnknownKey(std::string_view section) {
-    return report(messages::fill(messages::keyNotSupported, {currentKey, section}));
 }
 
 bool HandleValidator::report(std::string message) {

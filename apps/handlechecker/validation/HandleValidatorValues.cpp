@@ -134,37 +134,6 @@ bool HandleValidator::strToDate(const std::string& value, long& out) {
     }
 }
 
-bool HandleValidator::readPlainKey(const PlainKey& key, std::vector<std::string>& seen,
-                                   std::string& value) {
-    checkMultipleSectionItems(seen, currentKey);
-    return std::visit([&](auto target) { return readValue(target, value); }, key.target);
-}
-
-bool HandleValidator::readValue(bool HandleData::*target, std::string& value) {
-    return trueOrFalse(value, this->*target);
-}
-
-// A bad duration has left its message and counts as 0.
-bool HandleValidator::readValue(long HandleData::*target, std::string& value) {
-    this->*target = getHMS(value);
-    return true;
-}
-
-bool HandleValidator::readValue(double HandleData::*target, std::string& value) {
-    return readNumber(value, this->*target);
-}
-
-bool HandleValidator::readValue(std::set<std::string> HandleData::*target, std::string& value) {
-    for (std::string& name : namesIn(value)) {
-        (this->*target).insert(std::move(name));
-    }
-    return true;
-}
-
-bool HandleValidator::readValue(bool (HandleValidator::*reader)(std::string&), std::string& value) {
-    return (this->*reader)(value);
-}
-
 std::vector<std::string> HandleValidator::namesIn(const std::string& value) {
     std::vector<std::string> names;
     splitAtCommas(value, names);
