@@ -55,9 +55,10 @@ TEST(StringSearchersTest, ACountIsReducedToWhatIsLeft) {
     EXPECT_TRUE(StringSearcher::validateParameters(L"ab", 1, count) && count == 1);
 }
 
-TEST(StringSearchersTest, ASearcherThatIsNotConstTakesALiteral) {
+TEST(StringSearchersTest, ASearcherThatIsNotConstTakesLiteralsAndStrings) {
     std::size_t at = 0;
-    EXPECT_TRUE(CharSearcher(",;")(at, at, L"ab;", 0, npos));
+    EXPECT_TRUE(CharSearcher(";")(at, at, "a;", 0, npos));
+    EXPECT_TRUE(CharSearcher(";")(at, at, std::wstring(L"a;"), 0, npos));
 }
 
 TEST(StringSearchersTest, QuotesHideACharacter) {
@@ -71,7 +72,6 @@ TEST(StringSearchersTest, QuotesHideACharacter) {
 TEST(StringSearchersTest, AMatchOfAGlobIsConsumed) {
     expectCuts(GlobSearcher("a?c*d"), {{"the shortest", "xabc-dd", 1, 5},
                                        {"none", "abd"},
-                                       {"none that fits", "abcd", npos, npos, 0, 3},
                                        {"nothing to look at", "abcd", npos, npos, 0, 0}});
     expectCuts(GlobSearcher(""), {{"an empty glob", "a"}});
 }
@@ -81,7 +81,6 @@ TEST(StringSearchersTest, ALineEndsWhereItsWidthDoes) {
                {{"a text that fits ends at its end", "abcde", 5, 1},
                 {"or at its line feed", "a\nbc", 1, 1},
                 {"a line feed in front is a line with it", "\nabc", 1, 0},
-                {"also of a longer text", "\nabcdef", 1, 0},
                 {"a blank is consumed", "ab cdefg", 2, 1},
                 {"a blank right behind a full line too", "abcde fg", 5, 1},
                 {"another break character stays", "ab-cdefg", 3, 0},

@@ -229,7 +229,6 @@ TEST(StringToolsTest, AHashWrapsInItsWidth) {
     EXPECT_EQ(hashInt16("\xff\xff"), 9690);
     EXPECT_EQ(hashInt32(L"\xffffffff"), -1);
     EXPECT_EQ(hashInt64(L"\xffffffff"), 4294967295);
-    EXPECT_EQ(hashInt64(""), 0);
 }
 
 struct Items {
@@ -257,7 +256,7 @@ TEST(StringToolsTest, APlainSplitHasNoEmptyItemAtTheEnd) {
             wide.push_back(widen(item));
         EXPECT_EQ(splitList(widen(row.text), L";,", row.limit, row.skipEmpty), wide) << row.name;
     }
-    EXPECT_EQ(splitList("a;b", ';', 0, false), (std::list<std::string>{"a", "b"}));
+    EXPECT_EQ(splitList("a;;b", ';', 0, false), (std::list<std::string>{"a", "", "b"}));
     EXPECT_EQ(splitVector(L"a;b,c", L";,", 2, false), (std::vector<std::wstring>{L"a", L"b,c"}));
     EXPECT_EQ(splitSubstrList("a--b-c--", "--", 0, false), (std::list<std::string>{"a", "b-c"}));
     EXPECT_EQ(splitSubstrList("ab", "", 0, false), (std::list<std::string>{"ab"}));
