@@ -22,7 +22,7 @@ bool NameSet::insert(std::string_view name) {
     const std::size_t at = findPlace(name, hash);
     if (places[at].number != 0) return false;
     // A walk past the end of the table goes on at its start.
-    if (((at - hash) & (places.size() - 1)) > longestWalk) {
+    if (((at - hash) & (places.size() - 1)) > LongestWalk) {
         turnToOrdered();
         return insertOrdered(name);
     }

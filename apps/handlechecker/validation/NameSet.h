@@ -16,7 +16,7 @@ namespace Tarvik {
 /// A name takes the first free place at or behind the one its hash points to. The table is at most
 /// half full, so an ordinary name is a step or two away from there. But the hash function is known,
 /// and whoever writes a file can choose names that all point to one corner: each would then walk
-/// past all others. One in 10^10 ordinary names has a walk of more than `longestWalk` steps. So the
+/// past all others. One in 10^10 ordinary names has a walk of more than `LongestWalk` steps. So the
 /// first such walk moves all names to an ordered set, which is slower for ordinary names but costs
 /// the logarithm of their number whatever they look like.
 ///
@@ -30,7 +30,7 @@ public:
 
 private:
     /// A longer walk to a free place is taken for an attack.
-    static constexpr std::size_t longestWalk = 128;
+    static constexpr std::size_t LongestWalk = 128;
 
     struct Place {
         std::size_t hash = 0;

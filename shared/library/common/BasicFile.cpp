@@ -131,8 +131,6 @@ void BasicFile::close() {
     if (isClosed()) return;
     stream.reset();
     accessMode = AccessClosed;
-    lastOperation = OperationNone;
-    emptyBuffer();
 }
 
 std::string BasicFile::readLine() {

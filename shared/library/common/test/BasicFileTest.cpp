@@ -58,6 +58,7 @@ TEST(BasicFileTest, EachWrongUseHasItsCode) {
     BasicFile file;
     EXPECT_EQ(file.getPos(OperationAny), -1);
     EXPECT_EQ(file.getLastError(), FileNotOpen);
+    EXPECT_FALSE(file.seek(0, FromStart, OperationAny));
     EXPECT_FALSE(file.open(path, static_cast<FileAccessMode>(7)));
     EXPECT_EQ(file.getLastError(), FileUnknownAccessMode);
     EXPECT_TRUE(file.open(path, AccessClosed));
@@ -79,6 +80,8 @@ TEST(BasicFileTest, EachWrongUseHasItsCode) {
     EXPECT_EQ(file.getLastError(), FileUnknownPosBase);
     EXPECT_FALSE(file.seek(-1, FromStart, OperationRead));
     EXPECT_EQ(file.getLastError(), FileSeekFailed);
+    EXPECT_EQ(file.read(-1), "");
+    EXPECT_EQ(file.getLastError(), FileNoError);
     file.validateLine("a\x1f");
     EXPECT_EQ(file.getLastError(), FileControlCharacter);
     file.validateLine("a\t\r\n\x7f");
@@ -89,11 +92,14 @@ TEST(BasicFileTest, AFifoAndADirectoryAreNotOpenedAndNotWaitedFor) {
     const tarvik_test::TempDir dir;
     const std::string fifo = dir.path() + "/fifo";
     ASSERT_EQ(mkfifo(fifo.c_str(), S_IRUSR | S_IWUSR), 0);
+    const int freeDescriptor = dup(STDERR_FILENO);
+    close(freeDescriptor);
     BasicFile file;
     EXPECT_FALSE(file.open(dir.path(), AccessRead));
     EXPECT_FALSE(file.open(fifo, AccessRead));
     EXPECT_FALSE(file.open(fifo, AccessWrite)) << "no reader";
     const int reader = ::open(fifo.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_EQ(reader, freeDescriptor) << "what was not opened was closed";
     EXPECT_FALSE(file.open(fifo, AccessWrite)) << "a reader that never reads";
     EXPECT_EQ(file.getLastError(), FileOpenFailed);
     EXPECT_TRUE(file.atEof(OperationAny));
@@ -105,6 +111,7 @@ TEST(BasicFileTest, DevicesAndThePipesOfProcessesCanBeWritten) {
     ASSERT_EQ(pipe(ends.data()), 0);
     for (const std::string& path : {"/dev/fd/" + std::to_string(ends[1]), std::string("/dev/null")})
         EXPECT_TRUE(BasicFile().open(path, AccessWrite)) << path;
+    EXPECT_FALSE(BasicFile().open("/dev/fd/" + std::to_string(ends[0]), AccessRead));
     close(ends[0]);
     close(ends[1]);
 }
@@ -130,6 +137,48 @@ TEST(BasicFileTest, AFileEndsAtTheSizeItHadWhenOpened) {
     ASSERT_TRUE(shrunk.open(path, AccessRead));
     ASSERT_EQ(truncate(path.c_str(), 0), 0);
     EXPECT_EQ(readAll(shrunk), Lines({"", ""})) << "two fills without a byte are the end";
+    EXPECT_TRUE(shrunk.seek(0, FromStart, OperationRead));
+    EXPECT_FALSE(shrunk.atEof(OperationRead)) << "but not behind a seek";
+}
+
+TEST(BasicFileTest, AFileThatIsOpenedBehindAnotherStartsAnew) {
+    const tarvik_test::TempDir dir;
+    const std::string shrinks = dir.write("shrinks", "a\nb\nc\n");
+    BasicFile file;
+    ASSERT_TRUE(file.open(shrinks, AccessRead));
+    EXPECT_EQ(file.readLine(), "a");
+    file.close();
+    ASSERT_TRUE(file.open(shrinks, AccessRead));
+    ASSERT_EQ(truncate(shrinks.c_str(), 0), 0);
+    EXPECT_EQ(readAll(file), Lines({"", ""})) << "nothing of the buffer is left";
+    file.close();
+    const std::string other = dir.write("other", "d\n");
+    ASSERT_TRUE(file.open(other, AccessRead));
+    EXPECT_EQ(readAll(file), Lines({"d"}));
+    EXPECT_EQ(file.getName(), other);
+}
+
+TEST(BasicFileTest, WhatTheSystemRefusesIsReported) {
+    static constexpr char text[] = "text";  // NOLINT(modernize-avoid-c-arrays): its address counts.
+    BasicFile file;
+    // The memory of this process: nothing is at address 0.
+    ASSERT_TRUE(file.open("/proc/self/mem", AccessRead));
+    EXPECT_EQ(file.readLine(), "");
+    EXPECT_EQ(file.getLastError(), FileReadFailed);
+    EXPECT_EQ(file.read(1), "");
+    EXPECT_EQ(file.getLastError(), FileReadFailed);
+    EXPECT_TRUE(file.seek(reinterpret_cast<std::intptr_t>(&text[0]), FromStart, OperationRead));
+    EXPECT_EQ(file.read(4), "text");
+    EXPECT_EQ(file.getLastError(), FileNoError) << "the earlier failures are over";
+    file.close();
+    ASSERT_TRUE(file.open("/dev/full", AccessWrite));
+    EXPECT_TRUE(file.write("x"));
+    EXPECT_FALSE(file.flush());
+    EXPECT_EQ(file.getLastError(), FileNotWriteable);
+    EXPECT_FALSE(file.write(std::string(100000, 'x')));
+    EXPECT_EQ(file.getLastError(), FileShortWrite);
+    EXPECT_TRUE(file.write(""));
+    EXPECT_EQ(file.getLastError(), FileNoError);
 }
 
 TEST(BasicFileTest, PositionsCountWhatWasGivenOutNotWhatWasBuffered) {
@@ -144,6 +193,7 @@ TEST(BasicFileTest, PositionsCountWhatWasGivenOutNotWhatWasBuffered) {
     EXPECT_TRUE(file.seek(-14, FromEnd, OperationRead));
     EXPECT_EQ(file.readLine(), "one");
     EXPECT_TRUE(file.write("TWO"));
+    EXPECT_EQ(file.getSize(), 14) << "measured without a move";
     EXPECT_EQ(file.readLine(), "");
     EXPECT_EQ(file.read(100), "three\n");
     EXPECT_TRUE(file.writeLine("four"));

@@ -102,6 +102,7 @@ constexpr auto patternCases = std::to_array<PatternCase>({
     {"*ab", "aab", true},      {"*aab", "aaab", false}, {"+????*", "+0200", true},
     {"+????*", "+120", false}, {"a*?", "a", true},      {"?**", "a", false},
     {"?*?", "ab", true},       {"?", "a", true},        {"?", "ab", false},
+    {"a**", "a", true},
 });
 
 TEST(StringToolsTest, APatternMatchesWithoutGoingBackInTheText) {
