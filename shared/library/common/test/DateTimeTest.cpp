@@ -14,6 +14,7 @@
 static constinit std::time_t clockTime = 0;
 
 // Takes the place of the C library's in this program.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): a reserved name.
 extern "C" std::time_t time(std::time_t* out) noexcept {
     timespec now{.tv_sec = clockTime, .tv_nsec = 0};
     if (clockTime == 0) clock_gettime(CLOCK_REALTIME, &now);
