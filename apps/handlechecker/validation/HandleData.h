@@ -3,14 +3,27 @@
 
 #include "apps/handlechecker/validation/HandleRecords.h"
 
+#include <compare>
 #include <cstdint>
 #include <list>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace Tarvik {
+
+/// Two paths with equal identities lead to one file with the same content.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;             ///< Bytes.
+    std::int64_t changed = 0;          ///< Of content or rights, in seconds since 1970.
+    std::int64_t changedFraction = 0;  ///< The rest of that time, in nanoseconds.
+
+    auto operator<=>(const FileIdentity&) const = default;
+};
 
 /// All that a file starts anew with: the results, and the state of the reading.
 ///
@@ -144,8 +157,11 @@ struct HandleData {
     std::uint32_t licensesLine = 0;
     std::string licenseTypeText;  ///< As written, valid or not.
 
-    /// The fingerprints of the license files read so far, by path: many rules ask for the same.
-    std::map<std::string, std::uint64_t> hashes;
+    /// The fingerprints of the license files read so far: many rules ask for the same file, and
+    /// one file may have many paths.
+    std::map<FileIdentity, std::uint64_t> hashes;
+    /// The fingerprint of `licenseFile`; none before a rule asks for it.
+    std::optional<std::uint64_t> licenseFileHash;
 };
 
 }  // namespace Tarvik

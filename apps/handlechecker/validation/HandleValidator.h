@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <list>
 #include <map>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -273,7 +274,7 @@ private:
     bool storeExecutablesRule(ExePatternDef rule);
     bool licensesRule(std::string& value);
     bool hashLicenseFile(const std::string& value, LicenseDef& rule);
-    static bool readHash(const std::string& path, std::uint64_t& hash);
+    std::optional<std::uint64_t> hashOf(const std::string& path);
     bool readLicenseType(std::string& value);
     bool readLicenseFile(std::string& value);
     bool readLicenseServer(std::string& value);

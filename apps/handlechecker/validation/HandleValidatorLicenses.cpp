@@ -6,11 +6,48 @@
 #include "shared/library/common/FileUtils.h"
 #include "shared/library/common/StringTools.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace Tarvik {
+
+namespace {
+
+// None for a path that cannot be looked up.
+std::optional<FileIdentity> identityOf(const std::string& path) {
+    struct stat info = {};
+    if (::stat(path.c_str(), &info) != 0) return std::nullopt;
+    return FileIdentity{.device = info.st_dev,
+                        .inode = info.st_ino,
+                        .size = info.st_size,
+                        .changed = info.st_ctim.tv_sec,
+                        .changedFraction = info.st_ctim.tv_nsec};
+}
+
+// None for a file that cannot be read. Block by block, so that the file may be larger than the
+// memory. An empty file has the hash 0, as if none was asked for.
+std::optional<std::uint64_t> readHash(const std::string& path) {
+    constexpr std::uint64_t blockSize = 65536;
+    BasicFile input;
+    if (!input.open(path, AccessRead)) return std::nullopt;
+    std::uint64_t hash = 0;
+    std::string block;
+    for (std::uint64_t left = FileUtils::getFileSize(path); left > 0; left -= block.size()) {
+        if (!input.read(block, static_cast<long long>(std::min(left, blockSize)))) {
+            return std::nullopt;
+        }
+        // Some files of the system are shorter than their size.
+        if (block.empty()) break;
+        hash = StringTools::hashLarge(block, hash);
+    }
+    return hash;
+}
+
+}  // namespace
 
 // What follows depends on the type that stands ahead of it: under "none" a license file, a poller
 // and what is required are passed over without a look. On purpose.
@@ -28,6 +65,7 @@ bool HandleValidator::readLicenseFile(std::string& value) {
     if (value.empty()) return true;
     scratchValue = value;
     if (licenseType == NoLicenses) return true;
+    licenseFileHash.reset();
     return storePath(value, messages::licenseFileMissing, licenseFile);
 }
 
@@ -141,32 +179,25 @@ bool HandleValidator::licensesRule(std::string& value) {
 // the rule, not its key. On purpose, all.
 bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
     if (licenseFile.empty()) return report(messages::fill(messages::noLicenseFileYet, {value}));
-    const auto known = hashes.find(licenseFile);
-    if (known != hashes.end()) {
-        rule.fileHash = known->second;
-        return true;
-    }
-    if (!readHash(licenseFile, rule.fileHash)) {
+    if (!licenseFileHash) licenseFileHash = hashOf(licenseFile);
+    if (!licenseFileHash) {
         return report(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
     }
-    hashes.emplace(licenseFile, rule.fileHash);
+    rule.fileHash = *licenseFileHash;
     return true;
 }
 
-// Block by block, so that the file may be larger than the memory. An empty one has the hash 0, as
-// if none was wanted.
-bool HandleValidator::readHash(const std::string& path, std::uint64_t& hash) {
-    constexpr std::uint64_t blockSize = 65536;
-    BasicFile input;
-    if (!input.open(path, AccessRead)) return false;
-    hash = 0;
-    std::string block;
-    for (std::uint64_t left = FileUtils::getFileSize(path); left > 0; left -= block.size()) {
-        if (!input.read(block, static_cast<long long>(std::min(left, blockSize)))) return false;
-        if (block.empty()) break;
-        hash = StringTools::hashLarge(block, hash);
+// A file is known by its identity, not by the text of its path: another spelling of a file that was
+// read costs a look at the file system, but no reading.
+std::optional<std::uint64_t> HandleValidator::hashOf(const std::string& path) {
+    const std::optional<FileIdentity> identity = identityOf(path);
+    if (identity) {
+        const auto known = hashes.find(*identity);
+        if (known != hashes.end()) return known->second;
     }
-    return true;
+    const std::optional<std::uint64_t> hash = readHash(path);
+    if (identity && hash) hashes.emplace(*identity, *hash);
+    return hash;
 }
 
 }  // namespace Tarvik
