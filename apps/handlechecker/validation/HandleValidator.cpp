@@ -62,8 +62,7 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
     while (!file.atEof(OperationAny)) {
         file.readLine(currentLine);
         ++lineNumber;
-        line = StringTools::trimmed(currentLine);
-        if (line.empty() || line.front() == '#') continue;
+        if (!takeContent(currentLine, line)) continue;
         // Ahead of the line's own parsing: a name on the last significant line counts as missing,
         // on purpose.
         if (!name.empty()) reading.nameMissing = false;

@@ -15,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Tarvik {
@@ -97,6 +98,8 @@ public:
 
     /// In the order of discovery, which is not always that of the lines.
     [[nodiscard]] std::vector<Error> getErrorList() const { return errors; }
+    /// Moves the errors out of the validator, which then has none.
+    [[nodiscard]] std::vector<Error> takeErrors() { return std::exchange(errors, {}); }
     /// All errors as one text; blank without any.
     [[nodiscard]] std::string getErrors() const;
     /// Blank when the handle gave none that could be accepted.
@@ -231,6 +234,7 @@ private:
     void checkLicenseSources();
     void checkEnd(const ReadingResult& reading);
 
+    static bool takeContent(std::string_view raw, std::string& line);
     int takeLine(std::string& line);
     bool takeKey(std::string& line);
 

@@ -20,10 +20,16 @@ void cutComment(std::string& line) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 int HandleValidator::parseLine(std::string line) {
-    StringTools::trim(line);
-    if (line.empty() || line.front() == '#') return LineAccepted;
-    return takeLine(line);
+    std::string content;
+    return takeContent(line, content) ? takeLine(content) : LineAccepted;
+}
+
+// Copies the line without its outer blanks. False for a blank line and for a comment.
+bool HandleValidator::takeContent(std::string_view raw, std::string& line) {
+    line = StringTools::trimmed(raw);
+    return !line.empty() && line.front() != '#';
 }
 
 int HandleValidator::takeLine(std::string& line) {
