@@ -52,7 +52,7 @@ TEST(HandleValidatorTest, ErrorsAsOneTextEndWithTheIgnoredHandle) {
               "\n\t- First in line 12\n\t- Second in line 3\n\t- Ignoring Handle");
 }
 
-TEST(HandleValidatorTest, AFileStartsFromNothingWhateverStoodInTheOneBefore) {
+TEST(HandleValidatorTest, ValidatingForgetsTheFaultsAndTheLinesOfTheFileBefore) {
     const tarvik_test::TempDir dir;
     const std::string body = "executables\n{\nmain = [type=include,exe=a]\n}\n";
     std::string faulty = dir.write("a.conf", "x\nhandle\n{\nname = a\n" + body + "filter\n");
@@ -63,6 +63,40 @@ TEST(HandleValidatorTest, AFileStartsFromNothingWhateverStoodInTheOneBefore) {
     validator.loadHandle(faultless);
     EXPECT_TRUE(validator.validate()) << validator.getErrors();
     EXPECT_EQ(validator.getNameLine(), 3U);
+}
+
+struct LineCase {
+    const char* name;
+    const char* line;
+    int result;
+};
+
+// In turn, of one handle.
+constexpr auto lineCases = std::to_array<LineCase>({
+    {"a comment", "  # handle", 2},
+    {"a line of blanks", " \t", 2},
+    {"nothing is inside yet", "name = a", 0},
+    {"the head, blanks and a comment around it", " handle # {", 2},
+    {"the brace", "{", 2},
+    {"the name", "name = a", 2},
+    {"an unknown element", "bogus", 0},
+    {"the closing brace", "}", 1},
+});
+
+TEST(HandleValidatorTest, ALineIsRejectedOrAcceptedOrClosesTheHandle) {
+    Tarvik::HandleValidator validator;
+    for (const LineCase& row : lineCases)
+        EXPECT_EQ(validator.parseLine(row.line), row.result) << row.name;
+}
+
+TEST(HandleValidatorTest, AHandleIsLoadedByThePathOfAnotherFile) {
+    const tarvik_test::TempDir dir;
+    Tarvik::BasicFile other;
+    other.open(dir.write("a.conf", "handle\n{\nname = a\n"), Tarvik::AccessRead);
+    Tarvik::HandleValidator validator;
+    EXPECT_TRUE(validator.loadHandle(other));
+    validator.validate();
+    EXPECT_EQ(validator.getName(), "a");
 }
 
 }  // namespace
