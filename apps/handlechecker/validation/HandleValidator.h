@@ -21,11 +21,14 @@
 namespace Tarvik {
 
 /// Checks handle files one after another: `loadHandle`, then `validate` (or `nameScanner`), then
-/// the results. Faults of a handle are data; nothing here throws for one, and a line that is
-/// rejected never stops the reading, so that one pass tells all that can be told.
+/// the results. Faults of a handle are data: nothing here throws for one, and a rejected line never
+/// stops the reading, so one pass reports all faults.
 ///
-/// On the way it gathers what the handle says, as a program that acts on handles does; such a
-/// program derives from it and reads the fields at the end.
+/// Each line takes one step of a line machine, which knows the braces; the lines of a section are
+/// read by the section's row in a table. The values go into the fields of `HandleData`. A program
+/// that acts on handles derives from this class and reads those fields after `validate`.
+///
+/// Not thread-safe, not even with one validator a thread: two pieces of state are process-wide.
 class HandleValidator : protected HandleData {
 public:
     using HandleData::AvailableReq;
@@ -47,8 +50,8 @@ public:
         Priorities = 7,
     };
 
-    /// What the line machine waits for. The machine's position is a number: the head of a block
-    /// moves it from inside the outer block to the one behind.
+    /// What the line machine expects next. The state is kept as a number, since the head of a
+    /// nested block adds 1 to it, which may lead past the last state.
     enum LineState : std::int32_t {
         OutsideHandle = 0,
         ExpectHandleBrace = 1,
@@ -59,10 +62,11 @@ public:
         InSubsection = 6,
     };
 
-    /// What `parseLine` answers.
+    /// The results of `parseLine`.
     enum LineResult : std::int32_t { LineRejected = 0, HandleClosed = 1, LineAccepted = 2 };
 
-    /// The parameters of a rule, in byte order of their names; equal ones in the order of writing.
+    /// The parameters of a rule, in byte order of their names; equal names in the order of the
+    /// text.
     using RuleParameters = std::multimap<std::string, std::string>;
 
     HandleValidator() = default;
@@ -72,59 +76,61 @@ public:
 
     // --- one file
 
-    /// False when nothing stands at the path. A file that is there and cannot be opened passes: it
-    /// then reads as empty. While a file is still open the new one is not opened either, in the
-    /// same silence.
+    /// False if the path does not exist. A file that exists but cannot be opened gives true and
+    /// then reads as empty. While an earlier file is still open the new one is silently not opened.
     bool loadHandle(std::string& path);
-    /// The same for the path of another file; that file is not read.
+    /// The same for the path of another file; `other` itself is not read.
     bool loadHandle(BasicFile& other);
-    /// Reads the loaded file to its end, and forgets the results of the file before. True when it
-    /// is without fault.
+    /// Clears the earlier results, then reads the loaded file to its end and closes it. True if it
+    /// has no fault.
     ///
-    /// An empty file stays open, on purpose: every later `loadHandle` of this validator then finds
-    /// that same empty file again.
+    /// Quirk: an empty file stays open, so each later `loadHandle` of this validator reads that
+    /// same empty file again.
     bool validate();
-    /// Reads the loaded file for a name only: the value of its last line with the key "name",
-    /// inside a section too, with any comment behind the value left in it. Leaves `name` alone if
-    /// there is none, adds no error, and closes the file.
+    /// Reads the loaded file for a name only: the value of its last line with the key "name", even
+    /// inside a section, including any comment after the value. Leaves `name` unchanged if there is
+    /// none. Adds no error, and closes the file.
     void nameScanner(std::string& name);
 
-    /// Turns off, for all files to come, the checks whether the files exist that a handle names.
-    /// The name misleads. A rule that asks for the fingerprint of a license file reads it all the
-    /// same.
+    /// Turns off, for all later files, the checks that the files named in a handle exist.
+    ///
+    /// Quirk: the name suggests the opposite. A rule that asks for the fingerprint of a license
+    /// file still reads that file.
     void setFilechecking() { skipFileChecks = true; }
 
     // --- results
 
-    /// In the order of discovery, which is not always that of the lines.
+    /// A copy of the errors in the order of discovery, which is not always that of the lines.
     [[nodiscard]] std::vector<Error> getErrorList() const { return errors; }
-    /// Moves the errors out of the validator, which then has none.
+    /// The same without a copy: the validator is left without errors.
     [[nodiscard]] std::vector<Error> takeErrors() { return std::exchange(errors, {}); }
-    /// All errors as one text; blank without any.
+    /// All errors as one text, one line each; empty without errors.
     [[nodiscard]] std::string getErrors() const;
-    /// Blank when the handle gave none that could be accepted.
+    /// The name of the handle; empty if it has no acceptable one.
     [[nodiscard]] const std::string& getName() const { return name; }
-    /// The line that gave the name; 0 without one.
+    /// The line of the name, from 1; 0 without a name.
     [[nodiscard]] unsigned long getNameLine() const { return nameLine; }
 
     // --- steps of the reading
 
-    /// The one way in which a fault is reported.
+    /// Adds an error with that line number and makes it `lastError`. All faults go through here.
     void addToErrorList(std::string message, unsigned long line);
-    /// Takes one line, without its line end, through the line machine. Answers a `LineResult`.
+    /// Takes one line, without its line end, through the line machine. Returns a `LineResult`.
     int parseLine(std::string line);
-    /// Cuts a key line at its first "=": the key goes to `currentKey`, the value comes back, and
-    /// `line` is left with the value too.
+    /// Splits a line at its first "=": stores the key in `currentKey`, leaves the value in `line`
+    /// and returns a copy of it. A line without "=" is all key; its value is empty.
     std::string keyLineDivider(std::string& line);
-    /// The section that the word opens, entered as seen, or `NoObject`.
+    /// The section that the word opens, or `NoObject`. Records the section as seen, reports it if
+    /// it is repeated, and stores the line of its head.
     ParseObject getParseObject(std::string& word);
-    /// Hands a line to the section's parser: true if that accepts it. False for `NoObject`.
+    /// Passes a line to the section's parser and returns its result; false for `NoObject`.
     bool parseObjectChecker(ParseObject& object, std::string& line);
-    /// Brings all results to the values that a file starts with. Kept are the open file,
-    /// `skipFileChecks`, `lastError` and `hadLineError`.
+    /// Resets `HandleData` to its first values and sets `loadTime` to the present. Keeps the open
+    /// file, `skipFileChecks`, `lastError` and `hadLineError`.
     void clear();
 
-    // --- the sections' parsers: true to accept the line; false needs no error of its own
+    // --- the sections' parsers: false rejects the line, with or without an error. Each takes a
+    // line without comment and outer blanks, and leaves the value in it.
 
     bool parseExecutables(std::string& line);
     bool parseLicenses(std::string& line);
@@ -134,63 +140,64 @@ public:
     bool parseFilter(std::string& line);
     bool parsePriorities(std::string& line);
 
-    // --- rules: each reports what it finds at the current line, and false means that it did
+    // --- rules: faults are reported at the current line; false means that there was one
 
-    /// Takes a rule's expression, such as `[type=include,exe="a, b"]`, apart. A blank one has no
-    /// parameters and is no fault. A text that has neither bracket is read all the same, for its
-    /// parameters and further faults, and is false in the end; with one bracket alone nothing is.
+    /// Parses a rule's expression, such as `[type=include,exe="a, b"]`. An empty one has no
+    /// parameters and no fault. Without both brackets the parameters are still read, but the result
+    /// is false; with only one bracket nothing is read.
     ///
-    /// A name in quotes is false without a word, and a quote that is never closed makes its
-    /// parameter vanish without a word. On purpose.
+    /// Quirk: a name in quotes gives false without a report.
+    /// Quirk: a quote that is never closed drops its parameter without a report, and is no fault.
     bool parseValue(std::string value, RuleParameters& out);
-    /// The first parameter of that name. Without one `out` is left alone, which is a fault only of
-    /// a required parameter.
+    /// Copies the first parameter of that name to `out`. Leaves `out` unchanged if there is none,
+    /// which is a fault only if `required`.
     bool getValueElement(const RuleParameters& params, const std::string& name, std::string& out,
                          bool required);
-    /// Whether each name is in the list, whose words stand between commas.
+    /// Reports each parameter whose name is not in `allowed`, a list separated by commas.
     bool validateRuleParameters(RuleParameters& params, std::string& allowed);
-    /// Whether each name stands once. With `multiAllowed` those may repeat of which a filter takes
-    /// a list; `allowed` has no influence.
+    /// Reports each repeated name once. With `multiAllowed` the names that fill a list of a filter
+    /// may repeat. `allowed` has no effect.
     bool checkDoubleDeclaration(RuleParameters& params, std::string& allowed, bool multiAllowed);
-    /// A rule's key must not be blank and must not hold a full stop or a space.
+    /// A rule's key must not be empty and must not contain a full stop or a space.
     bool checkInvalidRule(std::string& key);
-    /// Whether a rule of that key stands in the section already is only reported: the rule is read
-    /// all the same. A section that is left for another with rules starts afresh.
+    /// Reports a rule key that the section already has; the caller reads the rule in any case. The
+    /// keys are forgotten when the section changes.
     void checkSimilarRules(std::string section, std::string& key);
-    /// The same for the plain keys, of which the section keeps those that it has `seen`.
+    /// The same for plain keys: adds a new one to `seen` and reports a repeated one.
     void checkMultipleSectionItems(std::vector<std::string>& seen, std::string& key);
 
-    // --- values: the same. A blank one is no fault; it leaves the default, but as a duration it is
-    // 0.
+    // --- values: as above. An empty value is no fault and leaves `out` unchanged.
 
-    /// Exactly "true", "yes", "false" or "no".
+    /// Reads exactly "true", "yes", "false" or "no".
     bool trueOrFalse(std::string value, bool& out);
-    /// Digits only, so no sign. A number beyond a long counts as the largest long; what does not
-    /// fit into T is cut to its low bytes. T is short, int or unsigned int.
+    /// Reads digits; a sign is a fault. A number beyond a long counts as the largest long. What
+    /// does not fit into T is cut to its low bytes. T is short, int or unsigned int.
     template <typename T>
     bool strToIntValidator(std::string value, T& out);
-    /// Digits and at most one full stop, which may stand alone. T is double.
+    /// Reads digits with at most one full stop; a single full stop is 0. T is double.
     template <typename T>
     bool strToFloatValidator(std::string value, T& out);
-    /// Reads a duration such as "1:30" and returns it in seconds.
+    /// Reads a duration such as "1:30" and returns it in seconds; an empty one is 0.
     ///
-    /// The fields are days, hours, minutes and seconds, the last being seconds; none is limited to
-    /// its clock range, so "90:00" is 5400. A field with anything but digits, or one ahead of the
-    /// days, is reported and makes the whole result 0: a caller cannot tell it from a zero.
+    /// The fields are days, hours, minutes and seconds, the last being seconds. None is limited to
+    /// its clock range: "90:00" is 5400. A field with anything but digits, or a fifth one, is
+    /// reported and makes the result 0, which a caller cannot tell from a good 0.
     long getHMS(const std::string& value);
-    /// Two durations, "start-end". An end before the start is on the next day. False for a missing
-    /// dash and for equal ends, without a report of its own; a bad side counts as 0.
+    /// Reads two durations, "start-end". An end before the start is on the next day. False, without
+    /// a report, for a missing dash and for equal sides. A bad side is reported and counts as 0.
     bool getTimeRange(const std::string& value, RangeDef& out);
-    /// Two moments, "start-end", of which the start has a "T" and no zone west of Greenwich. False,
-    /// without a report, for a missing "T" or dash, a moment that throws, and an end that is not
-    /// behind the start. What else cannot be read counts as a moment of its own.
+    /// Reads two date-times, "start-end". The start needs a "T" and cannot have a negative zone, as
+    /// the first dash after the "T" ends it. False, without a report, for a missing "T" or dash, a
+    /// side that `DateTime` throws for, and an end that is not after the start. Other malformed
+    /// texts give whatever `DateTime` makes of them.
     bool getDateRange(const std::string& value, RangeDef& out);
-    /// One moment. False, without a report, if it throws; what else cannot be read counts as one.
+    /// Reads one date-time as seconds since 1970. False, without a report, if `DateTime` throws.
     bool strToDate(const std::string& value, long& out);
 
-    // --- words and their codes; the code of any other word differs from table to table, on purpose
+    // --- words and their codes
+    // Quirk: the code of an unknown word is 0 in some tables and after the last code in others.
 
-    /// Case does not count: "resume" 1, "terminate" 2.
+    /// "resume" 1, "terminate" 2, in any case.
     static int mapSuspendAction(std::string word);
     static constexpr int UnknownSuspendAction = 0;
     /// From "mon", 0, to "sun", 6.
@@ -216,16 +223,16 @@ private:
     struct PlainKey;
     struct Section;
     struct SectionTable;
+    struct FilterParameters;
 
-    /// What the rules of one section have in common.
+    /// How the expressions of one kind of rule are checked.
     struct RuleForm {
-        TarvikTables::MessageText<1>
-            failure;  ///< What is said of an expression that cannot be read.
+        TarvikTables::MessageText<1> failure;       ///< For an expression that cannot be read.
         std::span<const std::string_view> allowed;  ///< The names of the parameters.
         bool lists = false;                         ///< Parameters that fill a list may repeat.
     };
 
-    /// What the reading of all lines found out for the closing checks.
+    /// What the closing checks need to know about the lines.
     struct ReadingResult {
         bool nameMissing = true;
         bool closed = false;
@@ -238,7 +245,7 @@ private:
     int takeLine(std::string& line);
     bool takeKey(std::string& line);
 
-    // One step of the line machine a state; each answers a `LineResult`.
+    // The steps of the line machine, one a state; each returns a `LineResult`.
     int inOutsideHandle(const std::string& line);
     int expectBrace(const std::string& line, LineState next);
     int inHandle(std::string& line, ParseObject& parseobject);
@@ -249,8 +256,9 @@ private:
     int moveTo(LineState next);
     int rejectLine(std::string message);
 
-    // What the sections share.
+    /// Adds an error at the current line. Always false, so that a reader can return it.
     bool report(std::string message);
+    // What the sections share.
     bool readSectionLine(ParseObject object, std::string& line);
     const PlainKey* findKey(const Section& section) const;
     bool readPlainKey(const PlainKey& key, std::string& value);
@@ -258,19 +266,17 @@ private:
     bool reportUnknownKey(std::string_view section);
     bool readParameters(const RuleForm& form, std::string_view value);
     bool readExpression(std::string_view text);
-    template <typename Params>
-    bool holdOnly(const Params& params, std::span<const std::string_view> allowed);
-    template <typename Params>
-    bool holdOnce(const Params& params, bool listsAllowed);
-    template <typename Text>
-    bool takeParameter(std::string_view name, Text& out, bool required);
+    bool reportEach(const TarvikTables::MessageText<1>& message,
+                    const std::vector<std::string_view>& names);
+    bool takeParameter(std::string_view name, std::string& out, bool required);
     bool reportIfRequired(std::string_view name, bool required);
 
     // Values of plain keys.
     bool readNumber(const std::string& value, double& out);
-    /// The parts between the commas, trimmed; one of blanks only stays, as a blank part.
+    /// The trimmed parts between commas. Empty parts are dropped; one of blanks only is kept, as
+    /// "".
     static void splitAtCommas(const std::string& value, std::vector<std::string>& out);
-    /// The same without blank parts.
+    /// The same, with those of blanks only dropped too.
     static std::vector<std::string> namesIn(const std::string& value);
 
     // Rules and keys of single sections.
@@ -291,16 +297,6 @@ private:
     bool readAvailableReq(std::string& value);
     bool filterRule(std::string& value);
     bool prioritiesRule(std::string& value);
-    bool readFilterParameter(std::string_view name, std::string_view value, FilterDef& rule);
-    bool readFilterType(std::string_view value, FilterDef& rule);
-    template <auto List>
-    bool addText(std::string_view value, FilterDef& rule);
-    template <auto List>
-    bool addWeekDay(std::string_view value, FilterDef& rule);
-    template <auto List, auto Reader>
-    bool addRange(std::string_view value, FilterDef& rule);
-    template <auto Limit>
-    bool readLimit(std::string_view value, FilterDef& rule);
     bool counterRule(std::string& value);
     bool readSuspendTimeoutAction(std::string& value);
     bool readMethod(std::string& value);
@@ -310,11 +306,11 @@ private:
 
     BasicFile file;
 
-    /// The expression of the rule that is being read; its line must still be there.
+    /// The expression of the rule that is being read. Holds views into the line.
     RuleExpression expression;
 
 protected:
-    // These survive from one file to the next.
+    // Kept from one file to the next.
     Error lastError;
     std::int32_t hadLineError = 0;
     bool skipFileChecks = false;

@@ -15,7 +15,7 @@ bool HandleValidator::executablesRule(std::string& value) {
     if (!readParameters(form, value)) return false;
 
     ExePatternDef rule;
-    std::string_view type;
+    std::string type;
     std::string childOnly;
     std::string required;
     if (!takeParameter("type", type, true)) return false;

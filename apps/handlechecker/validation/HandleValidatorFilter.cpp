@@ -1,16 +1,92 @@
-// The section `filter`: for whom and when the handle holds.
+// The section `filter`: for whom, and when, the handle is in force.
 
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace Tarvik {
 
+// One reader a parameter: false, with a report, for a value that spoils the whole rule.
+struct HandleValidator::FilterParameters {
+    struct Row {
+        std::string_view name;
+        bool (*read)(HandleValidator& self, std::string_view value, FilterDef& rule);
+    };
+
+    static bool readType(HandleValidator& self, std::string_view value, FilterDef& rule) {
+        if (value != "include" && value != "exclude") {
+            return self.report(messages::fill(messages::unknownFilterType, {value}));
+        }
+        rule.type = value == "exclude" ? 1 : 0;
+        return true;
+    }
+
+    template <auto List>
+    static bool addText(HandleValidator& /*self*/, std::string_view value, FilterDef& rule) {
+        (rule.*List).emplace_back(value);
+        return true;
+    }
+
+    template <auto List>
+    static bool addWeekDay(HandleValidator& self, std::string_view value, FilterDef& rule) {
+        const int code = mapWeekDay(std::string(value));
+        if (code == UnknownWeekDay) {
+            return self.report(messages::fill(messages::illegalWeekDay, {value}));
+        }
+        (rule.*List).push_back({code});
+        return true;
+    }
+
+    template <auto List, auto Reader>
+    static bool addRange(HandleValidator& self, std::string_view value, FilterDef& rule) {
+        RangeDef range;
+        if (!(self.*Reader)(std::string(value), range)) {
+            return self.report(messages::fill(messages::illegalDateRange, {value}));
+        }
+        (rule.*List).push_back(range);
+        return true;
+    }
+
+    // Quirk: "5-" looks like "at least five" and is refused for its dash: no lower limit can be
+    // set. Quirk: a bad number is reported, but the rule is kept.
+    template <auto Limit>
+    static bool readLimit(HandleValidator& self, std::string_view value, FilterDef& rule) {
+        self.strToIntValidator(std::string(value), rule.*Limit);
+        return true;
+    }
+
+    static constexpr auto Rows = std::to_array<Row>({
+        {"type", readType},
+        {"os", addText<&FilterDef::os>},
+        {"n-os", addText<&FilterDef::notOs>},
+        {"host", addText<&FilterDef::host>},
+        {"n-host", addText<&FilterDef::notHost>},
+        {"user", addText<&FilterDef::user>},
+        {"n-user", addText<&FilterDef::notUser>},
+        {"wday", addWeekDay<&FilterDef::wday>},
+        {"n-wday", addWeekDay<&FilterDef::notWday>},
+        {"date", addRange<&FilterDef::date, &HandleValidator::getDateRange>},
+        {"n-date", addRange<&FilterDef::notDate, &HandleValidator::getDateRange>},
+        {"time", addRange<&FilterDef::time, &HandleValidator::getTimeRange>},
+        {"n-time", addRange<&FilterDef::notTime, &HandleValidator::getTimeRange>},
+        {"count", readLimit<&FilterDef::countHigh>},
+        {"licenses", readLimit<&FilterDef::licenseUseHigh>},
+    });
+
+    static bool read(HandleValidator& self, const RuleExpression::Parameter& parameter,
+                     FilterDef& rule) {
+        const auto& [name, value] = parameter;
+        for (const Row& row : Rows) {
+            if (row.name == name) return row.read(self, value, rule);
+        }
+        return self.report(messages::fill(messages::parameterNotSupported, {name}));
+    }
+};
+
 bool HandleValidator::filterRule(std::string& value) {
-    // "licenses-use%" passes here and has no reader below: refused all the same. On purpose.
+    // Quirk: "licenses-use%" is allowed, but has no reader: it is reported all the same.
     static constexpr auto parameters = std::to_array<std::string_view>(
         {"type", "os", "n-os", "host", "n-host", "user", "n-user", "wday", "n-wday", "date",
          "n-date", "time", "n-time", "count", "licenses-use%", "licenses"});
@@ -20,83 +96,11 @@ bool HandleValidator::filterRule(std::string& value) {
     if (!readParameters(form, value)) return false;
 
     FilterDef rule;
-    // In the order of the names: that decides which of several faults is told.
-    for (const auto& [name, text] : expression.parameters()) {
-        if (!readFilterParameter(name, text, rule)) return false;
+    // In the order of the names: that decides which of several faults is reported.
+    for (const auto& parameter : expression.parameters()) {
+        if (!FilterParameters::read(*this, parameter, rule)) return false;
     }
     filters.insert_or_assign(currentKey, std::move(rule));
-    return true;
-}
-
-bool HandleValidator::readFilterParameter(std::string_view name, std::string_view value,
-                                          FilterDef& rule) {
-    struct Parameter {
-        std::string_view name;
-        bool (HandleValidator::*read)(std::string_view value, FilterDef& rule);
-    };
-    using Self = HandleValidator;
-    static constexpr auto parameters = std::to_array<Parameter>({
-        {"type", &Self::readFilterType},
-        {"os", &Self::addText<&FilterDef::os>},
-        {"n-os", &Self::addText<&FilterDef::notOs>},
-        {"host", &Self::addText<&FilterDef::host>},
-        {"n-host", &Self::addText<&FilterDef::notHost>},
-        {"user", &Self::addText<&FilterDef::user>},
-        {"n-user", &Self::addText<&FilterDef::notUser>},
-        {"wday", &Self::addWeekDay<&FilterDef::wday>},
-        {"n-wday", &Self::addWeekDay<&FilterDef::notWday>},
-        {"date", &Self::addRange<&FilterDef::date, &Self::getDateRange>},
-        {"n-date", &Self::addRange<&FilterDef::notDate, &Self::getDateRange>},
-        {"time", &Self::addRange<&FilterDef::time, &Self::getTimeRange>},
-        {"n-time", &Self::addRange<&FilterDef::notTime, &Self::getTimeRange>},
-        {"count", &Self::readLimit<&FilterDef::countHigh>},
-        {"licenses", &Self::readLimit<&FilterDef::licenseUseHigh>},
-    });
-
-    const auto* const known =
-        std::find_if(parameters.begin(), parameters.end(),
-                     [name](const Parameter& row) { return row.name == name; });
-    if (known != parameters.end()) return (this->*known->read)(value, rule);
-    return report(messages::fill(messages::parameterNotSupported, {name}));
-}
-
-bool HandleValidator::readFilterType(std::string_view value, FilterDef& rule) {
-    if (value != "include" && value != "exclude") {
-        return report(messages::fill(messages::unknownFilterType, {value}));
-    }
-    rule.type = value == "exclude" ? 1 : 0;
-    return true;
-}
-
-template <auto List>
-bool HandleValidator::addText(std::string_view value, FilterDef& rule) {
-    (rule.*List).emplace_back(value);
-    return true;
-}
-
-template <auto List>
-bool HandleValidator::addWeekDay(std::string_view value, FilterDef& rule) {
-    const int code = mapWeekDay(std::string(value));
-    if (code == UnknownWeekDay) return report(messages::fill(messages::illegalWeekDay, {value}));
-    (rule.*List).push_back({code});
-    return true;
-}
-
-template <auto List, auto Reader>
-bool HandleValidator::addRange(std::string_view value, FilterDef& rule) {
-    RangeDef range;
-    if (!(this->*Reader)(std::string(value), range)) {
-        return report(messages::fill(messages::illegalDateRange, {value}));
-    }
-    (rule.*List).push_back(range);
-    return true;
-}
-
-// "5-", which would mean at least five, is refused for its dash: only the upper limits can be set.
-// A bad number is reported and the rule goes on. On purpose, both.
-template <auto Limit>
-bool HandleValidator::readLimit(std::string_view value, FilterDef& rule) {
-    strToIntValidator(std::string(value), rule.*Limit);
     return true;
 }
 

@@ -151,7 +151,7 @@ bool HandleValidator::licensesRule(std::string& value) {
     if (!readParameters(form, value)) return false;
 
     LicenseDef rule;
-    std::string_view hashWanted;
+    std::string hashWanted;
     std::string certain;
     takeParameter("license-file", hashWanted, false);
     takeParameter("vendor", rule.vendor, false);

@@ -34,6 +34,35 @@ bool isListed(std::string_view word, std::span<const std::string_view> list) {
     return std::find(list.begin(), list.end(), word) != list.end();
 }
 
+// `Params` is the multimap of a caller or the list of an expression; both are in the order of the
+// names. An empty list takes no memory, so
+// a rule without a fault pays nothing.
+template <typename Params>
+std::vector<std::string_view> unknownNames(const Params& params,
+                                           std::span<const std::string_view> allowed) {
+    std::vector<std::string_view> unknown;
+    for (const auto& [name, value] : params) {
+        if (!isListed(name, allowed)) unknown.push_back(name);
+    }
+    return unknown;
+}
+
+// Each name that is repeated, once. Equal names are neighbours.
+template <typename Params>
+std::vector<std::string_view> repeatedNames(const Params& params, bool listsAllowed) {
+    std::vector<std::string_view> repeated;
+    for (auto param = params.begin(); param != params.end();) {
+        const std::string_view name = param->first;
+        const auto start = param++;
+        while (param != params.end() && param->first == name) {
+            ++param;
+        }
+        if (std::next(start) == param) continue;
+        if (!listsAllowed || !isListed(name, listParameters)) repeated.push_back(name);
+    }
+    return repeated;
+}
+
 }  // namespace
 
 constinit NameSet HandleValidator::RuleNums;
@@ -56,9 +85,7 @@ bool HandleValidator::readExpression(std::string_view text) {
     if (expression.lacksClosingBracket()) {
         report(messages::fill(messages::closingBracketMissing, {text}));
     }
-    for (const std::string_view name : expression.namesWithoutValue()) {
-        report(messages::fill(messages::invalidExpression, {name}));
-    }
+    reportEach(messages::invalidExpression, expression.namesWithoutValue());
     return good;
 }
 
@@ -70,16 +97,12 @@ bool HandleValidator::getValueElement(const RuleParameters& params, const std::s
     return true;
 }
 
-template <typename Text>
-bool HandleValidator::takeParameter(std::string_view name, Text& out, bool required) {
+bool HandleValidator::takeParameter(std::string_view name, std::string& out, bool required) {
     const std::string_view* const value = expression.valueOf(name);
     if (value == nullptr) return reportIfRequired(name, required);
     out = *value;
     return true;
 }
-
-template bool HandleValidator::takeParameter(std::string_view, std::string&, bool);
-template bool HandleValidator::takeParameter(std::string_view, std::string_view&, bool);
 
 bool HandleValidator::reportIfRequired(std::string_view name, bool required) {
     return !required || report(messages::fill(messages::parameterRequired, {name, currentKey}));
@@ -88,41 +111,21 @@ bool HandleValidator::reportIfRequired(std::string_view name, bool required) {
 bool HandleValidator::validateRuleParameters(RuleParameters& params, std::string& allowed) {
     std::vector<std::string> words;
     StringTools::split(allowed, ',', words, std::numeric_limits<int>::max(), false);
-    return holdOnly(params, std::vector<std::string_view>(words.begin(), words.end()));
-}
-
-// `Params` is the multimap or the list of an expression: both stand in the order of the names.
-template <typename Params>
-bool HandleValidator::holdOnly(const Params& params, std::span<const std::string_view> allowed) {
-    bool good = true;
-    for (const auto& [name, value] : params) {
-        if (isListed(name, allowed)) continue;
-        good = report(messages::fill(messages::parameterNotSupported, {name}));
-    }
-    return good;
+    const std::vector<std::string_view> names(words.begin(), words.end());
+    return reportEach(messages::parameterNotSupported, unknownNames(params, names));
 }
 
 bool HandleValidator::checkDoubleDeclaration(RuleParameters& params, std::string& /*allowed*/,
                                              bool multiAllowed) {
-    return holdOnce(params, multiAllowed);
+    return reportEach(messages::multipleDefinition, repeatedNames(params, multiAllowed));
 }
 
-template <typename Params>
-bool HandleValidator::holdOnce(const Params& params, bool listsAllowed) {
-    bool good = true;
-    // Equal names stand side by side; each is told once.
-    for (auto param = params.begin(); param != params.end();) {
-        const auto& name = param->first;
-        const auto start = param++;
-        while (param != params.end() && param->first == name) {
-            ++param;
-        }
-        const bool repeated = std::next(start) != param;
-        if (repeated && !(listsAllowed && isListed(name, listParameters))) {
-            good = report(messages::fill(messages::multipleDefinition, {name}));
-        }
+bool HandleValidator::reportEach(const TarvikTables::MessageText<1>& message,
+                                 const std::vector<std::string_view>& names) {
+    for (const std::string_view name : names) {
+        report(messages::fill(message, {name}));
     }
-    return good;
+    return names.empty();
 }
 
 bool HandleValidator::checkInvalidRule(std::string& key) {
@@ -150,8 +153,9 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
 
 bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
     if (!readExpression(value)) return report(messages::fill(form.failure, {value}));
-    if (!holdOnly(expression.parameters(), form.allowed)) return false;
-    return holdOnce(expression.parameters(), form.lists);
+    const auto& params = expression.parameters();
+    return reportEach(messages::parameterNotSupported, unknownNames(params, form.allowed)) &&
+           reportEach(messages::multipleDefinition, repeatedNames(params, form.lists));
 }
 
 bool HandleValidator::report(std::string message) {

@@ -44,7 +44,7 @@ struct HandleValidator::Section {
 struct HandleValidator::SectionTable {
     using Self = HandleValidator;
 
-    static constexpr auto executablesKeys = std::to_array<PlainKey>({
+    static constexpr auto ExecutablesKeys = std::to_array<PlainKey>({
         {"multiple", &HandleData::multiple},
         {"use-display", &HandleData::useDisplay},
         {"case-sensitive", &HandleData::caseSensitive},
@@ -52,7 +52,7 @@ struct HandleValidator::SectionTable {
         {"update-interval", &HandleData::exeUpdateInterval},
     });
 
-    static constexpr auto licensesKeys = std::to_array<PlainKey>({
+    static constexpr auto LicensesKeys = std::to_array<PlainKey>({
         {"license-type", &Self::readLicenseType},
         {"license-file", &Self::readLicenseFile},
         {"license-server", &Self::readLicenseServer},
@@ -70,11 +70,11 @@ struct HandleValidator::SectionTable {
         {"ignore-features", &HandleData::ignoreFeatures},
     });
 
-    static constexpr auto idleDetectionKeys = std::to_array<PlainKey>({
+    static constexpr auto IdleDetectionKeys = std::to_array<PlainKey>({
         {"idle-threshold", &HandleData::idleThreshold},
     });
 
-    static constexpr auto optimizationKeys = std::to_array<PlainKey>({
+    static constexpr auto OptimizationKeys = std::to_array<PlainKey>({
         {"idle-timeout", &HandleData::idleTimeout},
         {"suspend-timeout", &HandleData::suspendTimeout},
         {"suspend-timeout-action", &Self::readSuspendTimeoutAction},
@@ -88,7 +88,7 @@ struct HandleValidator::SectionTable {
         {"additional-disabled", &Self::readAdditionalOption},
     });
 
-    static constexpr auto cpuOveruseKeys = std::to_array<PlainKey>({
+    static constexpr auto CpuOveruseKeys = std::to_array<PlainKey>({
         {"threshold", &HandleData::cpuThreshold},
         {"timeout", &HandleData::cpuTimeout},
         {"action", &Self::readCpuAction},
@@ -97,32 +97,32 @@ struct HandleValidator::SectionTable {
     });
 
     // In the order of ParseObject, from 1.
-    static constexpr auto rows = std::to_array<Section>({
+    static constexpr auto Rows = std::to_array<Section>({
         {.word = "executables",
-         .keys = executablesKeys,
+         .keys = ExecutablesKeys,
          .seen = &HandleData::executablesItems,
          .rule = &Self::executablesRule,
          .headLine = &HandleData::executablesLine},
         {.word = "licenses",
-         .keys = licensesKeys,
+         .keys = LicensesKeys,
          .seen = &HandleData::licensesItems,
          .rule = &Self::licensesRule,
          .headLine = &HandleData::licensesLine},
         {.word = "idle-detection",
-         .keys = idleDetectionKeys,
+         .keys = IdleDetectionKeys,
          .seen = &HandleData::idleDetectionItems,
          .block = CountersWord,
          .blockRule = &Self::counterRule},
-        {.word = "optimization", .keys = optimizationKeys, .seen = &HandleData::optimizationItems},
-        {.word = "cpu-overuse", .keys = cpuOveruseKeys, .seen = &HandleData::cpuOveruseItems},
+        {.word = "optimization", .keys = OptimizationKeys, .seen = &HandleData::optimizationItems},
+        {.word = "cpu-overuse", .keys = CpuOveruseKeys, .seen = &HandleData::cpuOveruseItems},
         {.word = "filter", .rule = &Self::filterRule},
         {.word = "priorities", .rule = &Self::prioritiesRule},
     });
-    static_assert(rows.size() == Priorities);
+    static_assert(Rows.size() == Priorities);
 };
 
 HandleValidator::ParseObject HandleValidator::getParseObject(std::string& word) {
-    constexpr auto& rows = SectionTable::rows;
+    constexpr const auto& rows = SectionTable::Rows;
     const auto* const row = std::find_if(
         rows.begin(), rows.end(), [&word](const Section& section) { return section.word == word; });
     if (row == rows.end()) return NoObject;
@@ -168,7 +168,7 @@ bool HandleValidator::parsePriorities(std::string& line) {
 // of a rule. In a nested block each key belongs to the block's rule. In any other position of the
 // line machine the value is not looked at.
 bool HandleValidator::readSectionLine(ParseObject object, std::string& line) {
-    const Section& section = SectionTable::rows[static_cast<std::size_t>(object) - 1];
+    const Section& section = SectionTable::Rows[static_cast<std::size_t>(object) - 1];
     if (section.blockRule != nullptr && line == section.block) {
         // Quirk: a head inside the block counts too and moves the line machine past its last state.
         // Quirk: a second block is no repetition, but its keys are.
