@@ -1,4 +1,4 @@
-// Any bytes as a handle. Whatever they are, the answer is a list of faults with lines of the file,
+// Any bytes as a handle. Whatever they are, the result is a list of faults with lines of the file,
 // and the same list when the file is read again behind another one.
 
 #include "apps/handlechecker/validation/HandleValidator.h"
@@ -46,8 +46,9 @@ std::vector<Tarvik::HandleValidator::Error> faultsIn(Tarvik::HandleValidator& va
     return faults;
 }
 
-// Devices answer an open in their own ways, and some files of the system call themselves endless:
-// handles that name one are passed over. All other files are only read, no further than their size.
+// Devices react to being opened in their own ways, and some files of the system call themselves
+// endless: handles that name one are ignored. All other files are only read, no further than their
+// size.
 bool namesSystemFile(std::string_view handle) {
     constexpr auto places = std::to_array<std::string_view>({"/dev", "/proc", "/sys"});
     return std::any_of(places.begin(), places.end(), [handle](std::string_view place) {
@@ -65,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Tarvik::HandleValidator validator;
     if (!file.hold(data, size)) std::abort();
     const auto first = faultsIn(validator, file.path());
-    // Half of it in between: nothing may be left over. An empty file would stay open.
+    // Half of it in between: no data may be left over. An empty file would stay open.
     if (size > 1 && file.hold(data, size / 2)) faultsIn(validator, file.path());
     if (!file.hold(data, size)) std::abort();
     const auto second = faultsIn(validator, file.path());
