@@ -53,6 +53,24 @@ void licenseFileInEachRule(benchmark::State& state) {
         tarvik_bench::validHandle(static_cast<std::size_t>(state.range(0)), license), true);
 }
 
+// As many paths as lines, all of one license file: each costs a look at the file system, none a
+// reading.
+void licenseFileInManySpellings(benchmark::State& state) {
+    const tarvik_test::TempDir directory;
+    std::string path = directory.write("bench.lic", std::string(megabyte, 'x'));
+    const std::size_t name = path.rfind('/') + 1;
+    std::string handle =
+        "handle\n{\nname = a\nexecutables\n{\nmain = [type=include,exe=a]\n}\n"
+        "licenses\n{\nlicense-type = flex\n";
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        path.insert(name, "./");
+        handle += "license-file = " + path + "\nl" + std::to_string(i) + " = [license-file=yes]\n";
+    }
+    HandleValidator validator;
+    // A license-file that is repeated is a fault.
+    validateAgainAndAgain(state, validator, handle + "}\n}\n", state.range(0) < 2);
+}
+
 void allLinesAtFault(benchmark::State& state) {
     HandleValidator validator;
     validator.setFilechecking();
@@ -69,6 +87,7 @@ void growTenfold(benchmark::internal::Benchmark* benchmark) {
 
 BENCHMARK(validHandle)->Apply(growTenfold);
 BENCHMARK(licenseFileInEachRule)->Apply(growTenfold);
+BENCHMARK(licenseFileInManySpellings)->Arg(1)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(allLinesAtFault)->Apply(growTenfold);
 
 }  // namespace
