@@ -43,7 +43,7 @@ struct HandleData {
         bool include = false;         ///< The rule's type is "include", not "exclude".
         std::string exe;              ///< A pattern.
         std::string args = "*";       ///< A pattern.
-        std::string child;            ///< A pattern; blank for none.
+        std::string child;            ///< A pattern; empty for none.
         std::string childArgs = "*";  ///< A pattern.
         bool childOnly = false;
         bool required = false;

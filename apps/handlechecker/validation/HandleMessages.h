@@ -61,7 +61,7 @@ inline constexpr MessageText<1> illegalDateRange = R"(Illegal date range "{}")";
 inline constexpr MessageText<1> invalidAction = R"(Invalid action "{}")";
 inline constexpr MessageText<1> invalidPriority = R"(Invalid priority "{}")";
 
-// The closing checks. The second of them ends in a blank, which belongs to it.
+// The closing checks. Quirk: the second one ends in a space.
 inline constexpr MessageText<0> licenseSourceMissing =
     "Licenses were specified but no valid license-file or license-server or centralized details";
 inline constexpr MessageText<0> executablesMissing =

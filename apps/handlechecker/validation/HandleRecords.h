@@ -32,7 +32,7 @@ struct CounterID {
     auto operator<=>(const CounterID&) const = default;
 };
 
-/// A counter of the section `idle-detection`. Each number is 0 where the handle leaves it blank.
+/// A counter of the section `idle-detection`. Each number is 0 if the handle leaves it empty.
 struct CounterDef {
     CounterID id;
     double threshold = 0.0;
@@ -76,7 +76,7 @@ struct FilterDef {
     bool operator==(const FilterDef&) const = default;
 };
 
-/// A rule of the section `priorities`. A parameter that is written blank blanks its field.
+/// A rule of the section `priorities`. An empty parameter empties its field.
 struct PriorityDef {
     std::string name;
     std::string host = "*";

@@ -41,7 +41,7 @@ bool HandleValidator::loadHandle(BasicFile& other) {
 bool HandleValidator::validate() {
     clear();
     if (file.atEof(OperationAny)) {
-        // The file stays open: the next loadHandle then fails in silence. On purpose.
+        // Quirk: the file stays open, so the next loadHandle fails silently.
         addToErrorList(messages::fill(messages::fileEmpty), lineNumber);
         return false;
     }
@@ -49,13 +49,15 @@ bool HandleValidator::validate() {
     const ReadingResult reading = readLines();
     file.close();
     checkEnd(reading);
-    // A file that only lacks its closing brace passes: the brace is missed only where there are
-    // faults of other kinds. On purpose.
+    // Quirk: a file whose only fault is the missing closing brace is valid. The brace is reported
+    // only beside other faults.
     if (hadLineError == 0 && errors.empty()) return true;
     if (!reading.closed) addToErrorList(messages::fill(messages::handleNotClosed), lineNumber);
     return false;
 }
 
+// One pass over the file. The line buffers keep their memory from line to line, since a large
+// handle has hundreds of thousands of lines. What the closing checks need is collected on the side.
 HandleValidator::ReadingResult HandleValidator::readLines() {
     ReadingResult reading;
     std::string line;
@@ -63,8 +65,7 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
         file.readLine(currentLine);
         ++lineNumber;
         if (!takeContent(currentLine, line)) continue;
-        // Ahead of the line's own parsing: a name on the last significant line counts as missing,
-        // on purpose.
+        // Quirk: tested before the line is parsed, so a name on the last line is reported missing.
         if (!name.empty()) reading.nameMissing = false;
         const int result = takeLine(line);
         if (result == LineRejected) hadLineError = 1;
@@ -76,6 +77,7 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
     return reading;
 }
 
+// Run at each closing brace of a handle, so a second handle in the file can report it again.
 void HandleValidator::checkLicenseSources() {
     if (licenseType == NoLicenses || skipFileChecks || licenses.empty()) return;
     if (!licenseFile.empty() || !licenseServers.empty() || !centralizedLicenses.empty()) return;
@@ -95,6 +97,7 @@ void HandleValidator::checkEnd(const ReadingResult& reading) {
     if (reading.nameMissing) addToErrorList(messages::fill(messages::nameNotFound), lineNumber);
 }
 
+// Knows no braces: it reads every line with an "=", since a faulty handle has a name too.
 void HandleValidator::nameScanner(std::string& handleName) {
     std::string line;
     while (!file.atEof(OperationAny)) {

@@ -268,7 +268,9 @@ private:
     bool readExpression(std::string_view text);
     bool reportEach(const TarvikTables::MessageText<1>& message,
                     const std::vector<std::string_view>& names);
-    bool takeParameter(std::string_view name, std::string& out, bool required);
+    /// Copies a parameter of the expression, or a view of it that lives as long as the line.
+    template <typename Text>
+    bool takeParameter(std::string_view name, Text& out, bool required);
     bool reportIfRequired(std::string_view name, bool required);
 
     // Values of plain keys.

@@ -5,6 +5,7 @@
 
 namespace Tarvik {
 
+// Whether "notify-timeout" is a known key at this line.
 bool HandleValidator::isCpuNotified() const {
     return cpuAction == NotifyAndTerminate;
 }

@@ -8,6 +8,9 @@
 
 namespace Tarvik {
 
+// [type=include|exclude,exe=pattern,...]: type and exe are required. The order of the checks
+// decides which fault is reported, since the first one of `type`, `exe` and the booleans ends the
+// rule.
 bool HandleValidator::executablesRule(std::string& value) {
     static constexpr auto parameters = std::to_array<std::string_view>(
         {"type", "exe", "args", "child", "child-args", "child-only", "required"});
@@ -15,7 +18,7 @@ bool HandleValidator::executablesRule(std::string& value) {
     if (!readParameters(form, value)) return false;
 
     ExePatternDef rule;
-    std::string type;
+    std::string_view type;
     std::string childOnly;
     std::string required;
     if (!takeParameter("type", type, true)) return false;
@@ -30,19 +33,20 @@ bool HandleValidator::executablesRule(std::string& value) {
     if (!rule.include && type != "exclude") {
         return report(messages::fill(messages::invalidValueFor, {type, "type"}));
     }
-    // What is bad here is told with the name of the rule, not of the parameter. On purpose.
+    // Quirk: a bad value here is reported with the name of the rule, not of the parameter.
     if (!trueOrFalse(childOnly, rule.childOnly)) return false;
     if (!trueOrFalse(required, rule.required)) return false;
-    // Written blank they mean the same as not written.
+    // An empty value means the same as none.
     if (rule.args.empty()) rule.args = "*";
     if (rule.childArgs.empty()) rule.childArgs = "*";
     return storeExecutablesRule(std::move(rule));
 }
 
+// A repeated key replaces the earlier rule, but the names and the line of that one remain.
 bool HandleValidator::storeExecutablesRule(ExePatternDef rule) {
     const ExePatternDef& stored =
         exePatterns.insert_or_assign(currentKey, std::move(rule)).first->second;
-    // The rule stays stored, it only does not count. On purpose.
+    // Quirk: the rule is stored even so, but its line is not listed as that of a good rule.
     if (stored.exe.empty()) return report(messages::fill(messages::blankExe, {currentKey}));
     if (stored.required) {
         requiredExes.insert(stored.exe);

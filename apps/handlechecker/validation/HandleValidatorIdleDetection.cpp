@@ -1,4 +1,4 @@
-// The section `idle-detection`: when the application counts as idle.
+// The section `idle-detection`: when the application is idle.
 
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
@@ -7,6 +7,8 @@
 
 namespace Tarvik {
 
+// [threshold=number,weight=number], in the block `counters`. Its keys share the list of seen keys
+// with the section, and are not checked as names of rules: only the four counters are known.
 bool HandleValidator::counterRule(std::string& value) {
     static constexpr auto parameters = std::to_array<std::string_view>({"threshold", "weight"});
     static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};

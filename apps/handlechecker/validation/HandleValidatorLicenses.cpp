@@ -49,8 +49,8 @@ std::optional<std::uint64_t> readHash(const std::string& path) {
 
 }  // namespace
 
-// What follows depends on the type that stands ahead of it: under "none" a license file, a poller
-// and what is required are passed over without a look. On purpose.
+// Quirk: the type affects only the lines after it. Under "none" a license file, a poller and the
+// required names are ignored.
 bool HandleValidator::readLicenseType(std::string& value) {
     licenseTypeText = value;
     const int type = mapLicenseType(value);
@@ -81,6 +81,7 @@ bool HandleValidator::storePath(const std::string& path,
     return true;
 }
 
+// [port"@"]host. The port is cut to 16 bits; without one it is 0.
 bool HandleValidator::readLicenseServer(std::string& value) {
     if (value.empty()) return true;
     LicenseServerDef server;
@@ -90,15 +91,15 @@ bool HandleValidator::readLicenseServer(std::string& value) {
     return true;
 }
 
-// The one list that a second line replaces. A part of other blanks than spaces stays, as a blank
-// one. On purpose, both.
+// Quirk: the only list that a second line replaces.
+// Quirk: a part of blanks other than spaces is kept, as an empty one.
 bool HandleValidator::readCentralizedLicenses(std::string& value) {
     StringTools::removeChar(value, ' ');
     splitAtCommas(value, centralizedLicenses);
     return true;
 }
 
-// The names of earlier lines stay, whatever the mode becomes. On purpose.
+// Quirk: the names of earlier lines are kept, whatever the mode becomes.
 bool HandleValidator::readRequired(std::string& value) {
     if (value.empty() || licenseType == NoLicenses) {
         requiredMode = 0;
@@ -116,7 +117,7 @@ bool HandleValidator::readRequired(std::string& value) {
     return true;
 }
 
-// Not a boolean like the others: "true", "false" and a blank are faults here. On purpose.
+// Quirk: not a boolean like the others: "true", "false" and an empty value are faults.
 bool HandleValidator::readAssumeHidden(std::string& value) {
     if (value != "yes" && value != "no") {
         return report(messages::fill(messages::invalidValue, {value}));
@@ -125,11 +126,12 @@ bool HandleValidator::readAssumeHidden(std::string& value) {
     return true;
 }
 
+// [vendor[":"feature]"="]number["%"]
 bool HandleValidator::readAvailableReq(std::string& value) {
     AvailableReq requirement;
     if (StringTools::patternMatch("*=*", value)) {
         requirement.feature = StringTools::split(value, '=');
-        // A single name is the vendor's, on purpose.
+        // Quirk: a single name is the vendor's.
         requirement.vendor = StringTools::split(requirement.feature, ':');
     }
     if (StringTools::patternMatch("*%", value)) {
@@ -138,7 +140,7 @@ bool HandleValidator::readAvailableReq(std::string& value) {
     }
     scratchValue = value;
     if (!strToIntValidator(scratchValue, requirement.count)) return false;
-    // Those with a vendor go ahead of those without, in reverse order. On purpose.
+    // Quirk: those with a vendor come first, in reverse order.
     const auto place = requirement.vendor.empty() ? availableReqs.end() : availableReqs.begin();
     availableReqs.insert(place, std::move(requirement));
     return true;
@@ -151,7 +153,7 @@ bool HandleValidator::licensesRule(std::string& value) {
     if (!readParameters(form, value)) return false;
 
     LicenseDef rule;
-    std::string hashWanted;
+    std::string_view hashWanted;
     std::string certain;
     takeParameter("license-file", hashWanted, false);
     takeParameter("vendor", rule.vendor, false);
@@ -159,15 +161,14 @@ bool HandleValidator::licensesRule(std::string& value) {
     takeParameter("version", rule.version, false);
     takeParameter("certain", certain, false);
 
-    // Whether something is written, not what: "certain=no" or "license-file=Yes" alone pass. On
-    // purpose.
+    // Quirk: any text in any parameter is enough: "certain=no" or "license-file=Yes" alone pass.
     if (licenseType != NoLicenses && hashWanted.empty() && rule.vendor.empty() &&
         rule.feature.empty() && rule.version.empty() && certain.empty()) {
         return report(messages::fill(messages::blankLicense, {licenseTypeText}));
     }
     StringTools::makeLower(rule.vendor);
     StringTools::makeLower(rule.feature);
-    // Only reported: the rule passes all the same. On purpose.
+    // Quirk: a bad value is reported, but the rule is kept.
     trueOrFalse(certain, rule.certain);
     if ((hashWanted == "yes" || hashWanted == "true") && !hashLicenseFile(value, rule))
         return false;
@@ -175,8 +176,8 @@ bool HandleValidator::licensesRule(std::string& value) {
     return true;
 }
 
-// Under any type, and with the checks for files off too. The messages show the whole expression of
-// the rule, not its key. On purpose, all.
+// Quirk: done under any type, and also when the checks for files are off.
+// Quirk: the messages show the whole expression of the rule, not its key.
 bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
     if (licenseFile.empty()) return report(messages::fill(messages::noLicenseFileYet, {value}));
     if (!licenseFileHash) licenseFileHash = hashOf(licenseFile);

@@ -1,4 +1,10 @@
-// The line machine: what each line of a handle is, and where it leads.
+// The line machine: what each line of a handle is, and which state it leads to.
+//
+// handle  = "handle" "{" { name | section } "}"
+// section = word "{" { line of the section | "counters" "{" { line } "}" } "}"
+//
+// A line is one token: a brace, a word or a key line. So the machine needs no look-ahead, and after
+// a fault it stays where it is, or moves to where the line makes most sense, and reads on.
 
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
@@ -33,8 +39,7 @@ bool HandleValidator::takeContent(std::string_view raw, std::string& line) {
 }
 
 int HandleValidator::takeLine(std::string& line) {
-    // Shared by all validators; it is set on the way into each section, so a stale one is never
-    // used.
+    // Process-wide. It is set on entering each section, so a stale one is never used.
     static ParseObject parseobject = NoObject;
 
     cutComment(line);
@@ -60,7 +65,8 @@ int HandleValidator::inOutsideHandle(const std::string& line) {
     return rejectLine(messages::fill(messages::outsideOfHandle, {line}));
 }
 
-// "{" -> next, accepted | else stays, rejected: every line is, until a "{" comes. On purpose.
+// "{" -> next, accepted | else stays, rejected
+// Quirk: all lines up to the next "{" are rejected, each with a report.
 int HandleValidator::expectBrace(const std::string& line, LineState next) {
     if (line == "{") return moveTo(next);
     return rejectLine(messages::fill(messages::expectingBrace, {line}));
@@ -70,7 +76,7 @@ int HandleValidator::expectBrace(const std::string& line, LineState next) {
 // "{" -> InSection, rejected | else stays, rejected
 int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     if (line == "}") {
-        // A second handle may follow: it goes on with what the first one said. On purpose.
+        // Quirk: a second handle may follow, and continues with the data of the first.
         state = OutsideHandle;
         return HandleClosed;
     }
@@ -78,15 +84,15 @@ int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
     parseobject = getParseObject(line);
     if (parseobject != NoObject) return openSection();
     if (line == "{") {
-        // A section without a word: its lines are rejected without a word too, up to its "}".
+        // A section without a word: its lines are rejected without a report, up to its "}".
         state = InSection;
         return rejectLine(messages::fill(messages::sectionMissing));
     }
     return rejectLine(messages::fill(messages::invalidElement, {line}));
 }
 
-// The section opens even when the name is late. Only the first one can say so, and again when it is
-// repeated.
+// The section opens even if the name is missing so far. Only the first section reports that, once
+// more if it is repeated.
 int HandleValidator::openSection() {
     state = ExpectSectionBrace;
     if (sectionsSeen.size() == 1 && name.empty()) {
@@ -114,7 +120,7 @@ int HandleValidator::inSection(std::string& line, ParseObject& parseobject) {
     }
     const ParseObject next = getParseObject(line);
     if (next != NoObject) {
-        // Taken for a forgotten "}": the new section opens at once.
+        // Treated as a forgotten "}": the new section opens at once.
         parseobject = next;
         state = ExpectSectionBrace;
         return rejectLine(messages::fill(messages::braceMissingBeforeSection, {line}));

@@ -6,7 +6,7 @@
 
 namespace Tarvik {
 
-// "terminate" is the one word that is refused, and unknown words pass as 0. On purpose.
+// Quirk: "terminate" is the only word that is a fault; unknown words are accepted as 0.
 bool HandleValidator::readSuspendTimeoutAction(std::string& value) {
     std::string word = value;
     StringTools::makeLower(word);
@@ -15,7 +15,8 @@ bool HandleValidator::readSuspendTimeoutAction(std::string& value) {
     return true;
 }
 
-// The argument is stored before the word is looked at, and stays behind a bad one. On purpose.
+// word[":"argument]
+// Quirk: the argument is stored before the word is checked, and is kept if the word is bad.
 bool HandleValidator::readMethod(std::string& value) {
     const std::size_t colon = value.find(':');
     if (colon != std::string::npos) {
@@ -27,6 +28,7 @@ bool HandleValidator::readMethod(std::string& value) {
     return report(messages::fill(messages::invalidElement, {value}));
 }
 
+// Any text. Nothing here interprets it.
 bool HandleValidator::readAdditionalOption(std::string& value) {
     additionalOptions[currentKey] = value;
     return true;

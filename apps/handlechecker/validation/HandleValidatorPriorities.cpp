@@ -8,6 +8,8 @@
 
 namespace Tarvik {
 
+// [host=text,user=text,group=text,priority=word], all optional. A repeated key is reported, and
+// adds a second record.
 bool HandleValidator::prioritiesRule(std::string& value) {
     static constexpr auto parameters =
         std::to_array<std::string_view>({"host", "user", "group", "priority"});
@@ -17,7 +19,7 @@ bool HandleValidator::prioritiesRule(std::string& value) {
     PriorityDef rule;
     rule.name = currentKey;
     std::string word;
-    // A parameter written blank blanks its field: no "*" comes back. On purpose.
+    // Quirk: an empty value empties its field; it does not fall back to "*".
     takeParameter("host", rule.host, false);
     takeParameter("user", rule.user, false);
     takeParameter("group", rule.group, false);

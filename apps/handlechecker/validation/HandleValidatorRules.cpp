@@ -97,12 +97,16 @@ bool HandleValidator::getValueElement(const RuleParameters& params, const std::s
     return true;
 }
 
-bool HandleValidator::takeParameter(std::string_view name, std::string& out, bool required) {
+template <typename Text>
+bool HandleValidator::takeParameter(std::string_view name, Text& out, bool required) {
     const std::string_view* const value = expression.valueOf(name);
     if (value == nullptr) return reportIfRequired(name, required);
     out = *value;
     return true;
 }
+
+template bool HandleValidator::takeParameter(std::string_view, std::string&, bool);
+template bool HandleValidator::takeParameter(std::string_view, std::string_view&, bool);
 
 bool HandleValidator::reportIfRequired(std::string_view name, bool required) {
     return !required || report(messages::fill(messages::parameterRequired, {name, currentKey}));

@@ -170,7 +170,7 @@ bool HandleValidator::parsePriorities(std::string& line) {
 bool HandleValidator::readSectionLine(ParseObject object, std::string& line) {
     const Section& section = SectionTable::Rows[static_cast<std::size_t>(object) - 1];
     if (section.blockRule != nullptr && line == section.block) {
-        // Quirk: a head inside the block counts too and moves the line machine past its last state.
+        // Quirk: a head inside the block counts too and leads the line machine past its last state.
         // Quirk: a second block is no repetition, but its keys are.
         ++state;
         return true;

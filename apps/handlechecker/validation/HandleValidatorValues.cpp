@@ -1,4 +1,4 @@
-// Values: booleans, numbers, durations and ranges, alone and behind plain keys.
+// Values: booleans, numbers, durations and ranges, by themselves and as the values of plain keys.
 
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr long secondsOfDay = 86400;
 
-// What one of each field of a duration is worth, from the right.
+// Seconds in one unit of each field of a duration, from the right.
 constexpr std::array<long, 4> resolution = {1, 60, 3600, secondsOfDay};
 
 bool isDigit(char byte) {
@@ -34,7 +34,7 @@ T cutNumber(const std::string& digits) {
     return static_cast<T>(std::strtol(digits.c_str(), nullptr, 10));
 }
 
-// Cuts the last field that is not blank off the text; blank when there is none.
+// Removes the last non-empty field from the text and returns it; empty if there is none.
 std::string_view takeLastField(std::string_view& text, char separator) {
     const std::size_t last = text.find_last_not_of(separator);
     text = text.substr(0, last + 1);
@@ -86,16 +86,19 @@ bool HandleValidator::strToFloatValidator(std::string value, T& out) {
 
 template bool HandleValidator::strToFloatValidator(std::string value, double& out);
 
+// duration = [[[days ":"] hours ":"] minutes ":"] seconds
+//
+// Read from the right, so that the number of fields need not be known. Empty fields drop out.
 long HandleValidator::getHMS(const std::string& value) {
     long sum = 0;
     std::string_view rest = value;
-    // What a text without any field counts as.
+    // The value of a text without any field.
     scratchValue = "0";
     for (std::size_t i = 0;; ++i) {
         const std::string_view field = takeLastField(rest, ':');
         if (field.empty()) return sum;
         scratchValue = field;
-        // There is no unit ahead of the days.
+        // There is no unit above days.
         if (i == resolution.size() || !holdsOnlyDigits(field)) {
             report(messages::fill(messages::invalidValueOf, {field}));
             return 0;
@@ -109,13 +112,13 @@ bool HandleValidator::getTimeRange(const std::string& value, RangeDef& out) {
     if (dash == std::string::npos) return false;
     out.start = getHMS(value.substr(0, dash));
     out.end = getHMS(value.substr(dash + 1));
-    // Before the ends are compared: "24:00:00-0" is refused. On purpose.
+    // Quirk: done before the sides are compared, so "24:00:00-0" is a fault.
     if (out.end < out.start) out.end += secondsOfDay;
     return out.start != out.end;
 }
 
 bool HandleValidator::getDateRange(const std::string& value, RangeDef& out) {
-    // A dash in the date of the start is passed over; the first one behind its "T" ends it.
+    // Dashes in the date of the start are ignored; the first one after its "T" ends it.
     const std::size_t dash = value.find('-', value.find('T'));
     if (dash == std::string::npos) return false;
     RangeDef range;
