@@ -2,6 +2,7 @@
 
 #include "apps/handlechecker/HandleChecker.h"
 #include "libraries/appframe/source/AppFrame.h"
+#include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/process/GlobalData.h"
 
 #include <fcntl.h>
@@ -13,11 +14,8 @@
 namespace {
 
 using TarvikCorelib::AppFrame;
+using TarvikCorelib::exitFailed;
 using TarvikCorelib::GlobalData;
-
-constexpr int exitOnFailure = 4;
-constexpr int exitOnSigterm = 5;
-constexpr int exitOnSigint = 6;
 
 // With one of the standard descriptors closed, the next file opened would get its number, and the
 // report would be written into that file.
@@ -39,8 +37,8 @@ void installSignalHandlers() {
 // with 0 as any other. On purpose.
 int exitStatusOfSignal() {
     switch (GlobalData::Signal) {
-    case SIGINT: return exitOnSigint;
-    case SIGTERM: return exitOnSigterm;
+    case SIGINT: return TarvikCorelib::exitSigint;
+    case SIGTERM: return TarvikCorelib::exitSigterm;
     default: return 0;
     }
 }
@@ -48,8 +46,8 @@ int exitStatusOfSignal() {
 int runHandleChecker(int argc, char** argv) {
     Tarvik::HandleChecker application(argc, argv);
     if (application.getAppState() == AppFrame::AppStateDone) return 0;
-    if (application.getAppState() == AppFrame::AppStateFailed) return exitOnFailure;
-    if (!application.configure()) return exitOnFailure;
+    if (application.getAppState() == AppFrame::AppStateFailed) return exitFailed;
+    if (!application.configure()) return exitFailed;
     return application.runApp();
 }
 
@@ -68,7 +66,7 @@ int main(int argc, char** argv) {
         AppFrame::output("ERROR: OUT OF MEMORY\n", false);
     } catch (...) {
         // Nothing is printed: the status tells.
-        return exitOnFailure;
+        return exitFailed;
     }
-    return exitOnFailure;
+    return exitFailed;
 }

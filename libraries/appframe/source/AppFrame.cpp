@@ -1,5 +1,6 @@
 #include "libraries/appframe/source/AppFrame.h"
 
+#include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/diagnostics/DiagnosticsMessages.h"
 #include "libraries/corelib/source/process/EnvTools.h"
 #include "libraries/corelib/source/process/GlobalData.h"
@@ -18,8 +19,6 @@ namespace TarvikCorelib {
 
 namespace {
 
-constexpr int failedExitValue = 4;
-constexpr int restartExitValue = 2;
 constexpr std::size_t longestModuleName = 10;
 
 std::string instanceText(const AppInstanceDefs& instance) {
@@ -38,9 +37,9 @@ int reportFailure(const Logger& log, const std::string& text, const Failure& fai
     try {
         log.fatal(failure);
     } catch (...) {
-        return failedExitValue;
+        return exitFailed;
     }
-    return failedExitValue;
+    return exitFailed;
 }
 
 // The place is a fixed one: logs are searched for it.
@@ -166,11 +165,11 @@ void AppFrame::logEnd(int& exitValue) const {
     runLogger.info("Quitting because: %", ParamStream() << reason);
     if (GlobalData::SCode != GlobalData::Restart) return;
     runLogger.info("Going to signal parent process to restart us");
-    exitValue = restartExitValue;
+    exitValue = exitRestart;
 }
 
 int AppFrame::exitProgram() const {
-    return appState == AppStateFailed ? failedExitValue : 0;
+    return appState == AppStateFailed ? exitFailed : 0;
 }
 
 void AppFrame::output(const std::string& text, bool /*flag*/) {

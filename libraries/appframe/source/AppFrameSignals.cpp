@@ -2,6 +2,7 @@
 // no stdio and allocates nothing: all texts with names in them are made beforehand.
 
 #include "libraries/appframe/source/AppFrame.h"
+#include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/process/CoreSleep.h"
 #include "libraries/corelib/source/process/GlobalData.h"
 #include "libraries/corelib/source/system/SystemTools.h"
@@ -83,7 +84,6 @@ void AppFrame::prepareSignalText() {
 
 void AppFrame::signalQuit(int signalNumber) {
     constexpr std::uint32_t millisecondsToAbort = 500;
-    constexpr int abortExitValue = 3;
     if (signalNumber == SIGCHLD) return;
     const int errorBefore = errno;
     NoPopupOutput = true;
@@ -92,7 +92,7 @@ void AppFrame::signalQuit(int signalNumber) {
     if (signalNumber == SIGABRT) {
         core_sleep(millisecondsToAbort);
         // Not exit: what that runs and flushes is not safe where anything may be half done.
-        _exit(abortExitValue);
+        _exit(exitAborted);
     }
     errno = errorBefore;
 }
