@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <exception>
 #include <new>
 
 namespace {
@@ -43,6 +45,18 @@ int exitStatusOfSignal() {
     }
 }
 
+void printOutOfMemory() noexcept {
+    AppFrame::output("ERROR: OUT OF MEMORY\n", false);
+}
+
+// The runtime keeps some memory aside for exceptions, but if the process had none from its first
+// moment on, it ends here instead of in a `catch`.
+[[noreturn]] void endWithoutException() noexcept {
+    if (std::current_exception() != nullptr) std::abort();
+    printOutOfMemory();
+    _exit(exitFailed);
+}
+
 int runHandleChecker(int argc, char** argv) {
     Tarvik::HandleChecker application(argc, argv);
     if (application.getAppState() == AppFrame::AppStateDone) return 0;
@@ -54,6 +68,7 @@ int runHandleChecker(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::set_terminate(endWithoutException);
     occupyStandardDescriptors();
     AppFrame::detachFromParentProcess(argc, argv);
     installSignalHandlers();
@@ -63,7 +78,7 @@ int main(int argc, char** argv) {
         const int result = runHandleChecker(argc, argv);
         return result != 0 ? result : exitStatusOfSignal();
     } catch (const std::bad_alloc&) {
-        AppFrame::output("ERROR: OUT OF MEMORY\n", false);
+        printOutOfMemory();
     } catch (...) {
         // Nothing is printed: the status tells.
         return exitFailed;

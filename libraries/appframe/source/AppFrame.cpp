@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <list>
@@ -28,6 +29,11 @@ std::string instanceText(const AppInstanceDefs& instance) {
     case AppInstanceDefs::Enumerated: return std::to_string(instance.id);
     default: return "0";
     }
+}
+
+// A text ends at its first NUL, as C strings do.
+void print(std::string_view text) noexcept {
+    std::fwrite(text.data(), 1, std::min(text.find('\0'), text.size()), stdout);
 }
 
 // Answers the exit value. What the log makes of the failure cannot make matters worse.
@@ -84,8 +90,13 @@ AppFrame::AppFrame(const std::string& displayName, const std::string& appName,
 }
 
 AppFrame::~AppFrame() {
-    processLock.unlock();
-    if ((AppInstance.type & AppInstanceDefs::Enumerated) != 0) removeEnum();
+    // An exception that left a destructor would abort the process.
+    try {
+        processLock.unlock();
+        if ((AppInstance.type & AppInstanceDefs::Enumerated) != 0) removeEnum();
+    } catch (...) {
+        return;
+    }
 }
 
 // The answer of these two reads as a status, so that true is `MsgIgnored`.
@@ -172,12 +183,14 @@ int AppFrame::exitProgram() const {
     return appState == AppStateFailed ? exitFailed : 0;
 }
 
-void AppFrame::output(const std::string& text, bool /*flag*/) {
+// Without a format, which might need memory. Where there is none for its buffer, the stream writes
+// byte by byte.
+void AppFrame::output(std::string_view text, bool /*flag*/) noexcept {
     if (NoPopupOutput) {
-        std::printf("%s: %s", DisplayName.c_str(), text.c_str());
-    } else {
-        std::fputs(text.c_str(), stdout);
+        print(DisplayName);
+        print(": ");
     }
+    print(text);
     std::fflush(stdout);
 }
 

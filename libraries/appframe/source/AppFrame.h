@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace TarvikCorelib {
 
@@ -70,7 +71,9 @@ public:
 
     /// The only way to the console. Prints the text, behind the display name once a signal came,
     /// and flushes. The flag has no effect. What standard output makes of it is not looked at.
-    static void output(const std::string& text, bool flag);
+    /// Needs no memory, so it can say that there is none.
+    static void output(std::string_view text, bool flag) noexcept;
+    /// The same, in the encoding of the process locale. Needs memory.
     static void output(const std::wstring& text, bool flag);
 
     /// Does nothing on this platform.

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <new>
 
 namespace TarvikCorelib {
 
@@ -34,12 +35,18 @@ bool isDirectory(DIR* directory, const dirent& entry) {
     return S_ISDIR(status.st_mode);
 }
 
+// A directory that cannot be read for want of memory must not look empty.
+bool fail() {
+    if (errno == ENOMEM) throw std::bad_alloc();
+    return false;
+}
+
 }  // namespace
 
 bool FileTools::readDir(const std::string& dir, const std::string& pattern,
                         std::set<std::string>* files, std::set<std::string>* dirs) {
     const std::unique_ptr<DIR, DirectoryCloser> directory(opendir(dir.c_str()));
-    if (!directory) return false;
+    if (!directory) return fail();
     std::set<std::string> foundFiles;
     std::set<std::string> foundDirs;
     errno = 0;
@@ -49,7 +56,7 @@ bool FileTools::readDir(const std::string& dir, const std::string& pattern,
         }
         errno = 0;  // The end of the directory leaves it so, a failure does not.
     }
-    if (errno != 0) return false;
+    if (errno != 0) return fail();
     if (files != nullptr) files->merge(foundFiles);
     if (dirs != nullptr) dirs->merge(foundDirs);
     return true;
