@@ -92,7 +92,7 @@ protected:
     fs::path work = fs::path(scratch.path()) / "work";
 };
 
-TEST_P(CliTest, TheRunEndsAsToldBesideTheCommand) {
+TEST_P(CliTest, TheRunEndsAsTheCaseSays) {
     const int status = run();
     const std::string errors = scratch.read("stderr");
 
