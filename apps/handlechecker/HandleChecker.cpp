@@ -1,15 +1,16 @@
 #include "apps/handlechecker/HandleChecker.h"
 
+#include "apps/handlechecker/HandleCheckerMessages.h"
 #include "libraries/corelib/source/services/SystemBase.h"
 #include "libraries/corelib/source/system/FileTools.h"
 #include "shared/library/common/FileOps.h"
 
-#include <array>
 #include <set>
 #include <string_view>
 
 namespace Tarvik {
 
+using messages::fill;
 using TarvikCorelib::CmdParser;
 
 namespace {
@@ -25,26 +26,6 @@ constexpr Option dirOption{"dir", 'd', "Directory"};
 constexpr Option handleDirOption{"handle-dir", 'h', "Include duplicate name checking"};
 constexpr Option saveOutputOption{"save-output", 's', "Save output as a .json file"};
 constexpr Option fileCheckingOption{"enable-file-checking", 'e', "Enable file checking"};
-
-// The example of --handle-dir repeats that of --dir, option included. On purpose.
-constexpr auto usageLines = std::to_array<const char*>({
-    R"(--file <args>)",
-    R"(  - Accepts single argument. Path of the handle file.)",
-    R"(  - E.g. --file C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks\sample_handle.conf)",
-    R"(--dir <args>)",
-    R"(  - Accepts single argument. Directory where handle files are stored to be validated)",
-    R"(  - E.g. --dir C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks)",
-    R"(--handle-dir <args>)",
-    R"(  - Accepts single argument. Directory where handle files are stored to be checked for duplicate name)",
-    R"(  - E.g. --dir C:\Program Files\Tarvik\Client\Configuration\usagewarden\tasks)",
-    R"(--save-output)",
-    R"(  - Used for saving a .json output file. The .json file will be saved in the same directory of the handle file)",
-    R"(  - If not defined, the result will be shown in the console)",
-    R"(--enable-file-checking)",
-    R"(  - If defined, it will validate if the files stated in the handle configuration exists)",
-});
-
-constexpr std::size_t longestModuleName = 10;
 
 // The directory that is probed for and the one that is then used differ in more than their ends,
 // and the separators are backslashes on every platform: here they are parts of one long file name.
@@ -88,21 +69,21 @@ HandleChecker::~HandleChecker() {
 }
 
 bool HandleChecker::construct() {
-    logger.setName(std::string("main").substr(0, longestModuleName));
-    logger.info("Constructing application");
+    setModuleName("main");
+    logger.info(messages::constructing);
     for (const Option& option : {fileOption, dirOption, handleDirOption}) {
         commandLine.specifyOptionWithValueArg(option.description, option.letter, option.name, {});
     }
     for (const Option& option : {saveOutputOption, fileCheckingOption}) {
         commandLine.specifyOptionOnlyArg(option.description, option.letter, option.name);
     }
-    for (const char* line : usageLines)
+    for (const char* line : messages::usageLines)
         commandLine.addDocLine(line);
     return true;
 }
 
 bool HandleChecker::destruct() {
-    logger.info("Ending run");
+    logger.info(messages::ending);
     return true;
 }
 
@@ -136,13 +117,13 @@ void HandleChecker::validateChosen() {
 
 bool HandleChecker::validateFile() {
     if (!validator.loadHandle(currentFile)) {
-        throw Source_BadDir("Error: Invalid file path: \"" + currentFile + "\"");
+        throw Source_BadDir(fill(messages::invalidFilePath, {currentFile}));
     }
     bool valid = false;
     try {
         valid = validator.validate();
     } catch (...) {
-        throw Source_ValidationErr("Error: File Validation Failed");
+        throw Source_ValidationErr(fill(messages::validationFailed));
     }
     validateName();
     results.push_back({currentFile, validator.getErrorList()});
@@ -154,8 +135,7 @@ void HandleChecker::validateHandleDir(std::string& dir) {
     std::set<std::string> files;
     TarvikCorelib::FileTools::readDir(dir, "*.conf", &files, nullptr);
     if (files.empty()) {
-        throw Source_BadDir("Error: No configuration files found in source directory: \"" + dir +
-                            "\"");
+        throw Source_BadDir(fill(messages::noHandlesInDirectory, {dir}));
     }
     for (const std::string& file : files) {
         currentFile = pathIn(dir, file);

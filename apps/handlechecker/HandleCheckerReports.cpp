@@ -1,6 +1,7 @@
 // The two forms of a report: JSON texts, or files with a summary.
 
 #include "apps/handlechecker/HandleChecker.h"
+#include "apps/handlechecker/HandleCheckerMessages.h"
 #include "shared/library/common/BasicFile.h"
 #include "shared/library/common/FileOps.h"
 
@@ -11,6 +12,8 @@
 #include <string_view>
 
 namespace Tarvik {
+
+using messages::fill;
 
 namespace {
 
@@ -51,8 +54,8 @@ void writeFile(const std::string& path, const std::string& text) {
 }
 
 std::string invalidHandleLine(const std::string& path, long count) {
-    return "\t" + path + " - " + std::to_string(count) + " error" + (count == 1 ? "" : "s") +
-           " found\n";
+    if (count == 1) return fill(messages::oneErrorFound, {path});
+    return fill(messages::errorsFound, {path, std::to_string(count)});
 }
 
 }  // namespace
@@ -87,25 +90,25 @@ void HandleChecker::createJsonFiles() {
         const std::string jsonPath = jsonPathOf(path);
         writeFile(jsonPath, text);
         if (!FileOps::exists(jsonPath)) {
-            throw Source_BadDir("Error: Failed to create file " + jsonPath);
+            throw Source_BadDir(fill(messages::fileNotCreated, {jsonPath}));
         }
         createdFiles.push_back(jsonPath);
     }
 }
 
 void HandleChecker::showSummary() {
-    std::string valid = "Valid Handles: \n";
-    std::string invalid = "Invalid Handles: \n";
-    std::string created = "Files Created: \n";
+    std::string valid = fill(messages::validHandles);
+    std::string invalid = fill(messages::invalidHandles);
+    std::string created = fill(messages::filesCreated);
     for (const auto& [path, count] : errorCounts) {
         if (count == 0) {
-            valid += "\t" + path + "\n";
+            valid += fill(messages::listedPath, {path});
         } else {
             invalid += invalidHandleLine(path, count);
         }
     }
     for (const std::string& path : createdFiles)
-        created += "\t" + path + "\n";
+        created += fill(messages::listedPath, {path});
     output(valid + "\n" + invalid + "\n" + created, false);
 }
 

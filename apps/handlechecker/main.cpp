@@ -2,6 +2,7 @@
 
 #include "apps/handlechecker/HandleChecker.h"
 #include "libraries/appframe/source/AppFrame.h"
+#include "libraries/appframe/source/AppFrameMessages.h"
 #include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/process/GlobalData.h"
 
@@ -46,7 +47,7 @@ int exitStatusOfSignal() {
 }
 
 void printOutOfMemory() noexcept {
-    AppFrame::output("ERROR: OUT OF MEMORY\n", false);
+    AppFrame::output(TarvikCorelib::messages::outOfMemoryError.view(), false);
 }
 
 // The runtime keeps some memory aside for exceptions, but if the process had none from its first

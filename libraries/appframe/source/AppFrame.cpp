@@ -1,5 +1,6 @@
 #include "libraries/appframe/source/AppFrame.h"
 
+#include "libraries/appframe/source/AppFrameMessages.h"
 #include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/diagnostics/DiagnosticsMessages.h"
 #include "libraries/corelib/source/process/EnvTools.h"
@@ -18,9 +19,9 @@
 
 namespace TarvikCorelib {
 
-namespace {
+using messages::fill;
 
-constexpr std::size_t longestModuleName = 10;
+namespace {
 
 std::string instanceText(const AppInstanceDefs& instance) {
     switch (instance.type) {
@@ -39,7 +40,7 @@ void print(std::string_view text) noexcept {
 // Answers the exit value. What the log makes of the failure cannot make matters worse.
 template <class Failure>
 int reportFailure(const Logger& log, const std::string& text, const Failure& failure) {
-    AppFrame::output(text + "\n", false);
+    AppFrame::output(text, false);
     try {
         log.fatal(failure);
     } catch (...) {
@@ -86,7 +87,7 @@ AppFrame::AppFrame(const std::string& displayName, const std::string& appName,
     prepareSignalText();
     if (!moduleType.empty()) EnvTools::set("TarvikModuleType", moduleType);
     commandLine.init(appName, standardOptions, false, false);
-    logger.setName(std::string("appframe").substr(0, longestModuleName));
+    setModuleName("appframe");
 }
 
 AppFrame::~AppFrame() {
@@ -99,7 +100,7 @@ AppFrame::~AppFrame() {
     }
 }
 
-// The answer of these two reads as a status, so that true is `MsgIgnored`.
+// The response of these two reads as a status, so that true is `MsgIgnored`.
 int AppFrame::handleMessage(const ImsMessage& message) {
     return static_cast<int>(handleDirectMsg(message));
 }
@@ -127,16 +128,16 @@ void AppFrame::setup() {
 }
 
 bool AppFrame::parseCmd() {
-    std::string answer;
-    if (!commandLine.parse(CommandLineC, CommandLineV, answer, "")) {
-        output("ERROR: " + answer + "\n", false);
+    std::string response;
+    if (!commandLine.parse(CommandLineC, CommandLineV, response, "")) {
+        output(fill(messages::error, {response}), false);
         return false;
     }
     std::vector<std::string> lines;
-    if (commandLine.haveOption('?')) lines.push_back(commandLine.getUsageText());
-    if (commandLine.haveOption("version")) lines.push_back("Version=" + std::string(REL_VERSION));
+    if (commandLine.haveOption('?')) lines.push_back(response);
+    if (commandLine.haveOption("version")) lines.push_back(fill(messages::version, {REL_VERSION}));
     if (commandLine.haveOption("revision"))
-        lines.push_back("Revision=" + std::string(REL_REVISION));
+        lines.push_back(fill(messages::revision, {REL_REVISION}));
     if (lines.empty()) return true;
     setAppState(AppStateDone);
     // No line end behind the last line. On purpose.
@@ -154,28 +155,28 @@ int AppFrame::runApp() {
         logEnd(exitValue);
         return exitValue;
     } catch (const Exception& exception) {
-        return reportFailure(runLogger, exception.getFullMessage(false), exception);
+        return reportFailure(runLogger, exception.getFullMessage(false) + "\n", exception);
     } catch (const std::exception& exception) {
         const std::string text = exception.what();
-        return reportFailure(runLogger, "STD ERROR: " + text, text);
+        return reportFailure(runLogger, fill(messages::standardError, {text}), text);
     } catch (const char* thrown) {
         const std::string text = thrown != nullptr ? thrown : "";
-        return reportFailure(runLogger, "ERROR: " + text, text);
+        return reportFailure(runLogger, fill(messages::error, {text}), text);
     } catch (const std::string& text) {
-        return reportFailure(runLogger, "ERROR: " + text, text);
+        return reportFailure(runLogger, fill(messages::error, {text}), text);
     } catch (...) {
-        return reportFailure(runLogger, "ERROR: Unknown exception", unknownExceptionText());
+        return reportFailure(runLogger, fill(messages::unknownError), unknownExceptionText());
     }
 }
 
 // A restart that was asked for takes the place of the exit value.
 void AppFrame::logEnd(int& exitValue) const {
-    runLogger.info("Application ending with exit value %", ParamStream() << exitValue);
+    runLogger.info(messages::endingWith, ParamStream() << exitValue);
     std::string reason;
     if (!GlobalData::mustQuit(reason)) return;
-    runLogger.info("Quitting because: %", ParamStream() << reason);
+    runLogger.info(messages::quittingBecause, ParamStream() << reason);
     if (GlobalData::SCode != GlobalData::Restart) return;
-    runLogger.info("Going to signal parent process to restart us");
+    runLogger.info(messages::restartRequested);
     exitValue = exitRestart;
 }
 

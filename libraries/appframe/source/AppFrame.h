@@ -95,6 +95,8 @@ public:
 
 protected:
     void setAppState(AppState state) { appState = state; }
+    /// Names the records of `logger`. Only the first ten characters count.
+    void setModuleName(std::string_view name) { logger.setName(name.substr(0, 10)); }
 
     Logger logger;
     SystemBase systemBase;

@@ -2,6 +2,7 @@
 // no stdio and allocates nothing: all texts with names in them are made beforehand.
 
 #include "libraries/appframe/source/AppFrame.h"
+#include "libraries/appframe/source/AppFrameMessages.h"
 #include "libraries/appframe/source/ExitValues.h"
 #include "libraries/corelib/source/process/CoreSleep.h"
 #include "libraries/corelib/source/process/GlobalData.h"
@@ -40,7 +41,6 @@ private:
     std::size_t size = 0;
 };
 
-constexpr std::string_view intercepted = "Intercepted signal ";
 constexpr std::size_t prefixCapacity = 1024;
 constexpr std::size_t numberCapacity = std::numeric_limits<int>::digits10 + 2;
 
@@ -68,7 +68,8 @@ void printSignal(int signalNumber) {
 }
 
 void storeSignal(int signalNumber) {
-    FixedBuffer<intercepted.size() + numberCapacity> reason(intercepted);
+    FixedBuffer<messages::interceptedSignal.size() + numberCapacity> reason(
+        messages::interceptedSignal);
     reason.append(decimal(signalNumber).text());
     GlobalData::setSignal(signalNumber, reason.text());
 }
@@ -77,7 +78,8 @@ void storeSignal(int signalNumber) {
 
 void AppFrame::prepareSignalText() {
     const std::string text = DisplayName + ": " + SystemTools::obtain(SystemTools::DetailAppName) +
-                             "#" + SystemTools::getAppInstance() + ": " + std::string(intercepted);
+                             "#" + SystemTools::getAppInstance() + ": " +
+                             std::string(messages::interceptedSignal);
     const GlobalData::SignalBlock block;
     signalPrefix = FixedBuffer<prefixCapacity>(text);
 }

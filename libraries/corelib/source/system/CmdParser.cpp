@@ -1,6 +1,7 @@
 #include "libraries/corelib/source/system/CmdParser.h"
 
 #include "libraries/corelib/source/messaging/Logger.h"
+#include "libraries/corelib/source/system/CmdParserMessages.h"
 #include "libraries/corelib/source/text/StringSplitter.h"
 #include "libraries/corelib/source/text/StringToolsCharacters.h"
 #include "libraries/corelib/source/text/StringToolsEdit.h"
@@ -11,6 +12,8 @@
 #include <iterator>
 
 namespace TarvikCorelib {
+
+using messages::fill;
 
 namespace {
 
@@ -94,13 +97,13 @@ void CmdParser::init(const std::string& name, bool standardOptions, bool allowUn
 }
 
 void CmdParser::specifyBuiltInOptions(bool confOptions) {
-    specifyOptionOnlyArg("Display this help text", '?', "help");
-    if (!version.empty()) specifyOptionOnlyArg("Display version information", 0, "version");
-    if (!revision.empty()) specifyOptionOnlyArg("Display SVN revision information", 0, "revision");
-    specifyOptionWithValueArg("Set debug level", 0, "debug", {});
+    specifyOptionOnlyArg(fill(messages::helpOption), '?', "help");
+    if (!version.empty()) specifyOptionOnlyArg(fill(messages::versionOption), 0, "version");
+    if (!revision.empty()) specifyOptionOnlyArg(fill(messages::revisionOption), 0, "revision");
+    specifyOptionWithValueArg(fill(messages::debugOption), 0, "debug", {});
     if (!confOptions) return;
-    specifyOptionWithValueArg("Specify configuration file explicitly", 'c', "", {});
-    specifyOptionWithValueArg("Specify alternate file registry", 0, "filereg", {});
+    specifyOptionWithValueArg(fill(messages::configurationOption), 'c', "", {});
+    specifyOptionWithValueArg(fill(messages::registryOption), 0, "filereg", {});
 }
 
 bool CmdParser::specifyValueArg(const std::string& doc) {
@@ -182,7 +185,7 @@ std::vector<std::string> CmdParser::convert(int argc, const char* const* argv) {
 
 bool CmdParser::getExeDef(ParserArgs& state) {
     if (appName.empty()) return true;
-    if (state.words.empty()) return fail(state.error, "Missing executable argument");
+    if (state.words.empty()) return fail(state.error, fill(messages::executableMissing));
     exeName = state.words[state.next++];
     return true;
 }
@@ -237,7 +240,7 @@ const CmdParser::ArgumentSpec* CmdParser::parseLongOrShortOption(ParserArgs& sta
 
 bool CmdParser::parseUnknownOption(ParserArgs& state, const std::string& word,
                                    const std::string& name) {
-    if (!allowUnknown) return fail(state.error, "Unknown option '" + name + "'");
+    if (!allowUnknown) return fail(state.error, fill(messages::unknownOption, {name}));
     state.optionsToken.clear();
     return parsePlainArg(state, word);
 }
@@ -247,9 +250,9 @@ bool CmdParser::parseOptionEquals(ParserArgs& state, const std::string& word) {
     std::string value = word;
     const std::string name = StringTools::split(value, '=');
     const ArgumentSpec* option = findOpt(name);
-    if (option == nullptr) return fail(state.error, "Unknown option '" + name + "'");
+    if (option == nullptr) return fail(state.error, fill(messages::unknownOption, {name}));
     if (option->type != OptionEqualsValue) {
-        return fail(state.error, "Option '" + name + "' must be option=value");
+        return fail(state.error, fill(messages::equalsSignMissing, {name}));
     }
     parsedOptions.insert({*option, value});
     return true;
@@ -257,7 +260,7 @@ bool CmdParser::parseOptionEquals(ParserArgs& state, const std::string& word) {
 
 bool CmdParser::parsePlainArg(ParserArgs& state, const std::string& word) {
     if (state.valueSpec == valueSpecs.end()) {
-        if (!allowUnknown) return fail(state.error, "Too many arguments");
+        if (!allowUnknown) return fail(state.error, fill(messages::tooManyArguments));
         ArgumentSpec blank;
         blank.order = static_cast<std::uint32_t>(valueSpecs.size());
         state.valueSpec = valueSpecs.insert(valueSpecs.end(), blank);
@@ -281,11 +284,10 @@ bool CmdParser::registerArgument(ParserArgs& state, const ArgumentSpec& option,
 bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& option, const std::string& name,
                           std::string& value) {
     if (!state.optionsToken.empty()) {
-        return fail(state.error, "Option '" + name +
-                                     "' requires argument but is located inside an options token");
+        return fail(state.error, fill(messages::valueInsideToken, {name}));
     }
     if (state.next == state.words.size()) {
-        return fail(state.error, "Missing argument to '" + name + "' option");
+        return fail(state.error, fill(messages::argumentMissing, {name}));
     }
     value = state.words[state.next++];
     if (option.type == Remainder) {
@@ -293,7 +295,7 @@ bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& option, const s
             value += " " + state.words[state.next++];
     }
     if (option.type == RequiredOptionWithFixedValues && !option.fixedValues.contains(value)) {
-        return fail(state.error, "Invalid argument to '" + name + "' option");
+        return fail(state.error, fill(messages::invalidArgument, {name}));
     }
     return true;
 }

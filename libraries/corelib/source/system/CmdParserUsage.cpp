@@ -1,6 +1,7 @@
 // The usage text.
 
 #include "libraries/corelib/source/system/CmdParser.h"
+#include "libraries/corelib/source/system/CmdParserMessages.h"
 #include "libraries/corelib/source/text/StringSearchers.h"
 #include "libraries/corelib/source/text/StringToolsCharacters.h"
 
@@ -44,7 +45,7 @@ std::string joinFixedValues(const std::set<std::string>& values) {
     std::string text;
     for (const std::string& value : values)
         text += (text.empty() ? "" : ", ") + value;
-    return "(One of: " + text + ")";
+    return messages::fill(messages::fixedValues, {text});
 }
 
 bool carriesValue(const CmdParser::ArgumentSpec& option) {
