@@ -44,8 +44,18 @@ private:
 constexpr std::size_t prefixCapacity = 1024;
 constexpr std::size_t numberCapacity = std::numeric_limits<int>::digits10 + 2;
 
-// Process-wide. What goes before the signal's number; until the names are known they are blank.
-constinit FixedBuffer<prefixCapacity> signalPrefix(": #0: Intercepted signal ");
+// Names that are too long are cut, so that what happened can always be read.
+constexpr FixedBuffer<prefixCapacity> prefixWith(std::string_view names) {
+    constexpr std::string_view separator = ": ";
+    constexpr std::size_t rest = separator.size() + messages::interceptedSignal.size();
+    FixedBuffer<prefixCapacity> prefix(names.substr(0, prefixCapacity - rest));
+    prefix.append(separator);
+    prefix.append(messages::interceptedSignal);
+    return prefix;
+}
+
+// Process-wide. Printed ahead of the signal's number. Until they are known, the names are blank.
+constinit FixedBuffer<prefixCapacity> signalPrefix = prefixWith(": #0");
 
 FixedBuffer<numberCapacity> decimal(int number) {
     std::array<char, numberCapacity> digits{};
@@ -77,11 +87,10 @@ void storeSignal(int signalNumber) {
 }  // namespace
 
 void AppFrame::prepareSignalText() {
-    const std::string text = DisplayName + ": " + SystemTools::obtain(SystemTools::DetailAppName) +
-                             "#" + SystemTools::getAppInstance() + ": " +
-                             std::string(messages::interceptedSignal);
+    const std::string names = DisplayName + ": " + SystemTools::obtain(SystemTools::DetailAppName) +
+                              "#" + SystemTools::getAppInstance();
     const GlobalData::SignalBlock block;
-    signalPrefix = FixedBuffer<prefixCapacity>(text);
+    signalPrefix = prefixWith(names);
 }
 
 void AppFrame::signalQuit(int signalNumber) {

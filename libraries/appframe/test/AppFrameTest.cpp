@@ -159,5 +159,13 @@ TEST_F(AppFrameTest, ASignalIsToldInOneTextAndAsksForAnEnd) {
     EXPECT_EQ(GlobalData::SCode, GlobalData::StoppedBySignal);
 }
 
+TEST_F(AppFrameTest, ALongInstanceNameLeavesRoomForWhatHappened) {
+    AppFrame::AppInstance = {AppInstanceDefs::Named, std::string(1024, 'x'), 0};
+    Application application;
+    application.setup();
+    EXPECT_EQ(printedBy([] { AppFrame::signalQuit(SIGTERM); }),
+              "Some Tool: tool#" + std::string(987, 'x') + ": Intercepted signal 15\n");
+}
+
 }  // namespace
 }  // namespace TarvikCorelib
