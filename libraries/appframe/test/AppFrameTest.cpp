@@ -2,7 +2,7 @@
 
 #include "libraries/corelib/source/process/GlobalData.h"
 #include "libraries/corelib/source/system/SystemTools.h"
-#include "test/support/ProcessStateGuard.h"
+#include "test/support/AppFrameStateGuard.h"
 #include "test/support/ScopedEnv.h"
 
 #include <gtest/gtest.h>
@@ -43,7 +43,7 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    tarvik_test::ProcessStateGuard guard;
+    tarvik_test::AppFrameStateGuard guard;
     tarvik_test::ScopedEnv instance{"tarvik_application_instance"};
 };
 

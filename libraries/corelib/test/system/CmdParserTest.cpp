@@ -1,6 +1,7 @@
 #include "libraries/corelib/source/system/CmdParser.h"
 
 #include "libraries/corelib/source/messaging/Logger.h"
+#include "test/support/CorelibStateGuard.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,6 @@ protected:
         parser.specifyValueArg("SOURCE");
         parser.specifyValueArg("TARGET");
     }
-    void TearDown() override { Logger::MainLevel = levelBefore; }
 
     // All that the parser kept, in one line.
     std::string given() {
@@ -40,7 +40,7 @@ protected:
 
     CmdParser parser;
     std::string output;
-    std::int32_t levelBefore = Logger::MainLevel;
+    tarvik_test::CorelibStateGuard guard;
 };
 
 struct WordsCase {
