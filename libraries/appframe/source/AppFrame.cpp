@@ -49,13 +49,6 @@ int reportFailure(const Logger& log, const std::string& text, const Failure& fai
     return exitFailed;
 }
 
-// The place is a fixed one: logs are searched for it.
-std::string unknownExceptionText() {
-    constexpr std::uint32_t line = 831;
-    return std::string(messages::unknownException) +
-           Logger::formatSource("libraries/appframe/source/AppFrame", line);
-}
-
 std::string joinLines(const std::vector<std::string>& lines) {
     std::string text = lines.front();
     for (std::size_t index = 1; index < lines.size(); ++index)
@@ -165,8 +158,14 @@ int AppFrame::runApp() {
     } catch (const std::string& text) {
         return reportFailure(runLogger, fill(messages::error, {text}), text);
     } catch (...) {
-        return reportFailure(runLogger, fill(messages::unknownError), unknownExceptionText());
+        return reportFailure(runLogger, fill(messages::unknownError), unknownExceptionRecord());
     }
+}
+
+std::string AppFrame::unknownExceptionRecord() {
+    constexpr std::uint32_t line = 831;
+    return std::string(messages::unknownException) +
+           Logger::formatSource("libraries/appframe/source/AppFrame", line);
 }
 
 // A restart that was asked for takes the place of the exit value.

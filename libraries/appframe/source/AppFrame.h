@@ -98,6 +98,10 @@ protected:
     /// Names the records of `logger`. Only the first ten characters count.
     void setModuleName(std::string_view name) { logger.setName(name.substr(0, 10)); }
 
+    /// The log record of an exception whose type nobody knows. Its location is a fixed one,
+    /// wherever the exception came from: logs are searched for it.
+    static std::string unknownExceptionRecord();
+
     Logger logger;
     SystemBase systemBase;
     ProcessLock processLock;

@@ -29,6 +29,7 @@ public:
     bool construct() override { return true; }
     bool destruct() override { return true; }
     int run() override { return work(); }
+    using AppFrame::unknownExceptionRecord;
 
 private:
     Work work;
@@ -75,6 +76,11 @@ TEST_F(AppFrameTest, WhateverLeavesTheRunBecomesTextAndAnExitValue) {
         EXPECT_EQ(printedBy([&] { result = application.runApp(); }), row.printed) << row.name;
         EXPECT_EQ(result, row.result) << row.name;
     }
+}
+
+TEST_F(AppFrameTest, AnUnknownExceptionIsLoggedWithAFixedLocation) {
+    EXPECT_EQ(Application::unknownExceptionRecord(),
+              R"(@unknown-exception{Unknown exception}; @logsrc{file="AppFrame" line=831};)");
 }
 
 struct CommandCase {

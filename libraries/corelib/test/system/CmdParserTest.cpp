@@ -15,6 +15,7 @@ protected:
     CmdParserTest() {
         parser.specifyOptionOnlyArg("", 'a', "alpha");
         parser.specifyOptionOnlyArg("", 'b', "beta");
+        parser.specifyOptionOnlyArg("", 'c', "");
         parser.specifyOptionWithValueArg("", 'f', "file", {});
         parser.specifyRequiredOptionWithFixedValuesArg("", 'm', "mode", {"off", "on"});
         parser.specifyOptionEqualsValue("", "level");
@@ -70,6 +71,7 @@ const auto accepted = std::to_array<WordsCase>({
     {"a name with a digit in front is none", {"1a=b", "=b"}, " <1a=b> <=b>"},
     {"nor is one with a dash in it", {"a-b=c"}, " <a-b=c>"},
     {"ignored words", {"skip", "-a", "these", "x"}, " a <x>"},
+    {"but not as values", {"-f", "skip"}, " file=skip"},
 });
 
 TEST_F(CmdParserTest, WordsAreRead) {
@@ -101,6 +103,7 @@ const auto rejected = std::to_array<WordsCase>({
 
 TEST_F(CmdParserTest, ABadWordEndsTheParseAndWhatStoodBeforeItIsKept) {
     for (const WordsCase& row : rejected) {
+        EXPECT_TRUE(parser.parse("an earlier", output, "")) << "its plain words are forgotten";
         EXPECT_FALSE(parser.parse(row.words, output, "")) << row.name;
         EXPECT_EQ(output, row.error) << row.name;
         EXPECT_EQ(given(), row.given) << row.name;
@@ -109,10 +112,50 @@ TEST_F(CmdParserTest, ABadWordEndsTheParseAndWhatStoodBeforeItIsKept) {
 
 TEST_F(CmdParserTest, UnknownOptionsMayBePlainWordsButNotWithAnEqualsSign) {
     parser.init("", false, true, false);
-    EXPECT_TRUE(parser.parse("-axb --what y z", output, ""));
+    EXPECT_TRUE(parser.parse("-axb --alpha --what y z", output, ""));
     EXPECT_EQ(given(), " a <-xb> <--what> <y> <z>");
     EXPECT_FALSE(parser.parse("what=x", output, ""));
     EXPECT_EQ(output, "Unknown option 'what'");
+}
+
+TEST_F(CmdParserTest, WordsAreIgnoredInEveryFormOfACommandLine) {
+    const std::array<const char*, 2> words{"skip", "-a"};
+    EXPECT_TRUE(parser.parse(2, words.data(), output, "skip"));
+    EXPECT_EQ(given(), " a");
+    EXPECT_TRUE(parser.parse("skip -b", output, "skip"));
+    EXPECT_EQ(given(), " b");
+}
+
+TEST_F(CmdParserTest, ASecondInitChangesNothing) {
+    parser.init("", false, true, false);
+    parser.init("app", true, false, true);
+    EXPECT_TRUE(parser.parse("-x", output, ""));
+    EXPECT_EQ(given(), " <-x>");
+    EXPECT_TRUE(parser.parse("--help", output, ""));
+    EXPECT_EQ(given(), " <--help>");
+}
+
+TEST(CmdParserArgumentsTest, OptionsOfConfigurationFilesAreAllowedOnRequest) {
+    for (const bool confOptions : {false, true}) {
+        CmdParser parser;
+        std::string output;
+        parser.init("", true, false, confOptions);
+        EXPECT_EQ(parser.parse("-c a --filereg b", output, ""), confOptions) << output;
+    }
+}
+
+TEST_F(CmdParserTest, OfEqualNamesTheOneWithBothALetterAndANameIsMeant) {
+    parser.specifyOptionOnlyArg("", 0, "alpha");
+    parser.specifyOptionOnlyArg("", 'b', "");
+    EXPECT_TRUE(parser.parse("--alpha -b", output, ""));
+    EXPECT_TRUE(parser.haveOption('a'));
+    EXPECT_TRUE(parser.haveOption("beta"));
+}
+
+TEST_F(CmdParserTest, NoLetterAndNoNameAreNoOptions) {
+    EXPECT_TRUE(parser.parse("level=1 -c", output, ""));
+    EXPECT_FALSE(parser.haveOption('\0'));
+    EXPECT_FALSE(parser.haveOption(""));
 }
 
 TEST_F(CmdParserTest, AMappedValueMustBeInTheMap) {
@@ -168,7 +211,7 @@ TEST(CmdParserUsageTest, EveryTypeHasItsRow) {
     parser.specifyOptionOnlyArg("Switch", 's', "switch");
     parser.specifyOptionEqualsValue("Level", "level");
     parser.specifyRequiredOptionWithFixedValuesArg("Mode", 'm', "mode",
-                                                   {"automatic", "half-way", "none", "on"});
+                                                   {"automatic", "half-way", "no", "on"});
     parser.specifyValueArg("SOURCE");
     parser.specifyValueArg("TARGET");
     parser.addDocLine("More");
@@ -183,7 +226,7 @@ TEST(CmdParserUsageTest, EveryTypeHasItsRow) {
               "  level=<value>                              : Level\n"
               "  -m <arg>\n"
               "    --mode <arg>                             : Mode\n" +
-                  values + "(One of: automatic, half-way,\n" + values + "none, on)\n" +
+                  values + "(One of: automatic, half-way, no,\n" + values + "on)\n" +
                   "\n"
                   "More\n");
 }
@@ -209,6 +252,7 @@ struct DocCase {
 
 const auto docCases = std::to_array<DocCase>({
     {"60 characters fit", x(60), x(60)},
+    {"even if one of them could break", x(50) + " " + x(9), x(50) + " " + x(9)},
     {"a blank behind them breaks", x(60) + " y", x(60) + "\ny"},
     {"a dash behind them still goes with them", x(60) + "-y", x(60) + "-\ny"},
     {"so does a backslash", x(40) + R"(\)" + x(30), x(40) + "\\\n" + x(30)},
