@@ -41,6 +41,7 @@ const CmdParser::ArgumentDef* findIn(const std::set<CmdParser::ArgumentDef>& giv
     return found != given.end() ? &*found : nullptr;
 }
 
+// `value` is copied for an option without one, too: it gets blank.
 bool copyValue(const CmdParser::ArgumentDef* given, std::string& value) {
     if (given == nullptr) return false;
     value = given->value;
@@ -170,12 +171,12 @@ bool CmdParser::parse(const std::vector<std::string>& words, std::string& output
     nextValue = parsedValues.end();
     ParserArgs state{args, 0, true, "", valueSpecs.begin(), output};
     if (!getExeDef(state) || !parseWords(state, ignoreWords)) return false;
-    answerStandardOptions(output);
+    applyStandardOptions(output);
     nextValue = parsedValues.begin();
     return true;
 }
 
-// A backslash before a single quote gives a backslash. On purpose.
+// Quirk: a backslash before a single quote gives a backslash.
 std::vector<std::string> CmdParser::convert(int argc, const char* const* argv) {
     std::vector<std::string> words;
     for (int index = 0; index < argc && argv != nullptr && argv[index] != nullptr; ++index)
@@ -212,6 +213,8 @@ bool CmdParser::parseWordArg(ParserArgs& state, const std::string& word) {
     return parsePlainArg(state, word);
 }
 
+// Reads a token letter by letter: "-abc" is read as "-a", "-bc" as "-b" and so on. A dash in a
+// token begins a name.
 bool CmdParser::parseOption(ParserArgs& state, std::string word) {
     while (true) {
         std::string name;
@@ -224,8 +227,8 @@ bool CmdParser::parseOption(ParserArgs& state, std::string word) {
     }
 }
 
-// Null if there is no such option. `name` is what was looked up: without dashes, and of a word of
-// several letters the first.
+// Null if there is no such option. `name` is what was looked up: the word without its dashes, or
+// the first letter of a token.
 const CmdParser::ArgumentSpec* CmdParser::parseLongOrShortOption(ParserArgs& state,
                                                                  const std::string& word,
                                                                  std::string& name) const {
@@ -245,7 +248,7 @@ bool CmdParser::parseUnknownOption(ParserArgs& state, const std::string& word,
     return parsePlainArg(state, word);
 }
 
-// An unknown name is refused even with `allowUnknown`. On purpose.
+// Quirk: an unknown name is rejected even with `allowUnknown`.
 bool CmdParser::parseOptionEquals(ParserArgs& state, const std::string& word) {
     std::string value = word;
     const std::string name = StringTools::split(value, '=');
@@ -300,8 +303,8 @@ bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& option, const s
     return true;
 }
 
-// An unknown level counts as 0, "none", so that it silences all logs. On purpose.
-void CmdParser::answerStandardOptions(std::string& output) const {
+// Quirk: an unknown level counts as 0, "none", so it silences all logs.
+void CmdParser::applyStandardOptions(std::string& output) const {
     constexpr int levelCount = 9;
     std::string levelName;
     if (haveOption('?')) {

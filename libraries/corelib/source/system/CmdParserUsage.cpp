@@ -1,4 +1,16 @@
-// The usage text.
+// The usage text of a command line, and how its lines are broken. The width of the widest option
+// decides where the explanations begin:
+//
+//     Usage: tool [options] <SOURCE>
+//     Options:
+//       -m <arg>
+//         --mode <arg>      : How it works      maxOptionWidth + rowMargin up to the colon
+//                             (One of: a, b)    maxOptionWidth + valueMargin up to the bracket
+//
+//     A line that was added.
+//
+// All rows share their columns, so the text is made from the finished set of options, never option
+// by option.
 
 #include "libraries/corelib/source/system/CmdParser.h"
 #include "libraries/corelib/source/system/CmdParserMessages.h"
@@ -11,18 +23,18 @@ namespace TarvikCorelib {
 
 namespace {
 
-constexpr std::size_t rowMargin = 9;     // From the widest name to the colon of a row.
-constexpr std::size_t valueMargin = 11;  // From the widest name to what follows the colon.
+constexpr std::size_t rowMargin = 9;
+constexpr std::size_t valueMargin = 11;
 
-// Where a line is cut, and where its rest begins.
+// The part of a line between `end` and `next` is dropped.
 struct LineBreak {
-    std::size_t end;
-    std::size_t next;
+    std::size_t end;   ///< Where the row ends.
+    std::size_t next;  ///< Where the next row begins.
 };
 
-// The last place in the right half of the row that may be cut. `from` is where the row's text
-// begins in the line, behind the indent of the row. False if there is none.
-bool findBreak(const std::string& line, std::size_t indent, std::size_t from, LineBreak& place) {
+// Finds the last place to break in the right half of a row; false if there is none. The row shows
+// `indent` blanks and then the line from `from` on.
+bool findBreak(const std::string& line, std::size_t indent, std::size_t from, LineBreak& found) {
     constexpr std::size_t width = CmdParser::LineWidth;
     for (std::size_t column = width; column > width / 2 && column >= indent; --column) {
         const std::size_t index = from + column - indent;
@@ -30,11 +42,11 @@ bool findBreak(const std::string& line, std::size_t indent, std::size_t from, Li
         case ' ':
         case '\n':
         case '\t':
-            place = {index, std::min(line.find_first_not_of(StringTools::whitespace(), index),
+            found = {index, std::min(line.find_first_not_of(StringTools::whitespace(), index),
                                      line.size())};
             return true;
         case '-':
-        case '\\': place = {index + 1, index + 1}; return true;
+        case '\\': found = {index + 1, index + 1}; return true;
         default: break;
         }
     }
@@ -52,7 +64,7 @@ bool carriesValue(const CmdParser::ArgumentSpec& option) {
     return option.type != CmdParser::OptionOnly;
 }
 
-// What stands before the colon. An option with both names takes two lines.
+// The part before the colon. An option with both a letter and a name takes two lines.
 std::string optionNames(const CmdParser::ArgumentSpec& option) {
     const std::string argument = carriesValue(option) ? " <arg>" : "";
     if (option.shortOpt == 0) {
@@ -66,14 +78,15 @@ std::string optionNames(const CmdParser::ArgumentSpec& option) {
 
 }  // namespace
 
+// Each turn of the loop takes one row off the line, for as long as what is left is too long.
 void CmdParser::addDocLine(const std::string& line) {
     const std::string indent = line.substr(0, line.find_first_not_of(" \t\n"));
     std::size_t from = indent.size();
-    LineBreak place{};
+    LineBreak found{};
     while (indent.size() + line.size() - from > LineWidth &&
-           findBreak(line, indent.size(), from, place)) {
-        docLines.push_back(indent + line.substr(from, place.end - from));
-        from = place.next;
+           findBreak(line, indent.size(), from, found)) {
+        docLines.push_back(indent + line.substr(from, found.end - from));
+        from = found.next;
     }
     docLines.push_back(indent + line.substr(from));
 }
@@ -92,7 +105,7 @@ std::string CmdParser::getUsageText() const {
     return text;
 }
 
-// In the order in which they were specified.
+// In the order in which they were specified; the set has them by type.
 std::string CmdParser::optionRows() const {
     std::vector<const ArgumentSpec*> ordered(options.size());
     for (const ArgumentSpec& option : options)
@@ -110,6 +123,7 @@ std::string CmdParser::optionRow(const ArgumentSpec& option) const {
     return row + ": " + option.doc + fixedValueLines(option);
 }
 
+// Each turn of the loop adds one row, cut where a row is full.
 std::string CmdParser::fixedValueLines(const ArgumentSpec& option) const {
     if (option.fixedValues.empty()) return {};
     const std::size_t available = LineWidth + rowMargin;
@@ -121,7 +135,7 @@ std::string CmdParser::fixedValueLines(const ArgumentSpec& option) const {
     std::size_t start = 0;
     std::size_t length = 0;
     for (std::size_t pos = 0; pos < text.size(); pos = start + length) {
-        // Names that leave no room for values: these stay in one line.
+        // A name may be so long that it leaves no room: then the values stay in one row.
         if (!searcher(start, length, text, pos, text.size())) start = text.size();
         lines += "\n" + std::string(maxOptionWidth + valueMargin, ' ');
         lines += text.substr(pos, start - pos);

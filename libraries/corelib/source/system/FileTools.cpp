@@ -27,7 +27,8 @@ bool isWanted(const char* name, const std::string& pattern) {
     return fnmatch(pattern.c_str(), name, FNM_NOESCAPE) == 0;
 }
 
-// Asks the file system only where the entry itself does not tell.
+// Most file systems give the type with the entry. Only for a link, which counts as what it points
+// to, and for an unknown type is the file itself looked up.
 bool isDirectory(DIR* directory, const dirent& entry) {
     if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
     struct stat status {};
@@ -43,6 +44,7 @@ bool fail() {
 
 }  // namespace
 
+// The names are gathered apart and added at the end, so that a failure half way adds none.
 bool FileTools::readDir(const std::string& dir, const std::string& pattern,
                         std::set<std::string>* files, std::set<std::string>* dirs) {
     const std::unique_ptr<DIR, DirectoryCloser> directory(opendir(dir.c_str()));
@@ -54,7 +56,7 @@ bool FileTools::readDir(const std::string& dir, const std::string& pattern,
         if (isWanted(nameOf(*entry), pattern)) {
             (isDirectory(directory.get(), *entry) ? foundDirs : foundFiles).insert(nameOf(*entry));
         }
-        errno = 0;  // The end of the directory leaves it so, a failure does not.
+        errno = 0;  // A failure sets it, the end of the directory does not.
     }
     if (errno != 0) return fail();
     if (files != nullptr) files->merge(foundFiles);

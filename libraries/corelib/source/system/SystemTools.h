@@ -7,6 +7,11 @@
 
 namespace TarvikCorelib {
 
+/// A table of facts, filled at the first question for one that is not in it: what an application
+/// sets about itself is in it at once, what the host says is asked for once a process.
+///
+/// Process-wide, without a lock: the thread that starts the application uses it before it starts
+/// others.
 class SystemTools {
 public:
     enum DetailCode : std::int32_t {
@@ -31,26 +36,26 @@ public:
         DetailByteOrder = 18,
     };
 
-    /// Blank for a fact that is not known. So far only the first two, which are set, and the host
-    /// name are known.
+    /// Blank for a fact that is not known. So far these are known: the first two, which are set by
+    /// the application, and the host name.
     static std::string obtain(DetailCode code);
     /// The flag has no effect.
     static std::string getHostName(bool withDomain);
 
     static void setAppName(const std::string& name);
-    /// Also exported in the environment, for child processes.
+    /// Also exported in the environment as `tarvik_application_instance`, for child processes.
     static void setAppInstance(const std::string& instance);
-    /// What was set, else what the environment says, else "0".
+    /// The instance that was set, else the one in the environment, else "0".
     static std::string getAppInstance();
 
-    /// Forgets all facts, those that were set included.
+    /// Forgets all facts, also those that were set. The environment stays as it is.
     static void resetDetails();
 
 private:
     static std::map<DetailCode, std::string>& details();
     static void obtainDetails();
 
-    /// Process-wide. The facts have been gathered.
+    /// Process-wide. The facts about the host are in the table.
     static bool DetailsObtained;
 };
 
