@@ -27,9 +27,9 @@ constexpr Option handleDirOption{"handle-dir", 'h', "Include duplicate name chec
 constexpr Option saveOutputOption{"save-output", 's', "Save output as a .json file"};
 constexpr Option fileCheckingOption{"enable-file-checking", 'e', "Enable file checking"};
 
-// The directory that is probed for and the one that is then used differ in more than their ends,
-// and the separators are backslashes on every platform: here they are parts of one long file name.
-// On purpose.
+// Quirk: the directory that is probed and the one that is then used are spelled differently.
+// Quirk: the separators are backslashes on every platform; here they are part of one long file
+// name.
 std::string defaultScanDirectory() {
     const std::string configuration = TarvikCorelib::SystemBase::getConfDir();
     if (FileOps::exists(configuration + R"(\dist\usagewardn\task)")) {
@@ -42,8 +42,8 @@ bool isGiven(CmdParser& commandLine, const Option& option) {
     return commandLine.haveOption(option.name) || commandLine.haveOption(option.letter);
 }
 
-// True, with the value copied over `out`, when the option was given.
-bool copyValue(CmdParser& commandLine, const Option& option, std::string& out) {
+// True, with the value in `out`, if the option was given; else `out` stays unchanged.
+bool takeValue(CmdParser& commandLine, const Option& option, std::string& out) {
     return commandLine.getOptionValue(option.name, out) ||
            commandLine.getOptionValue(option.letter, out);
 }
@@ -60,7 +60,7 @@ HandleChecker::HandleChecker(int argc, char** argv)
 }
 
 HandleChecker::~HandleChecker() {
-    // Only logs. An exception that left a destructor would abort the process.
+    // It only logs. An exception that left a destructor would end the process on the spot.
     try {
         HandleChecker::destruct();
     } catch (...) {
@@ -87,13 +87,14 @@ bool HandleChecker::destruct() {
     return true;
 }
 
+// Where names are looked for: --handle-dir takes precedence over --dir, and both over the default.
 int HandleChecker::run() {
     std::string scanDirectory = defaultScanDirectory();
     directoryRun = false;
     saveOutput = isGiven(commandLine, saveOutputOption);
     if (!isGiven(commandLine, fileCheckingOption)) validator.setFilechecking();
-    copyValue(commandLine, dirOption, scanDirectory);
-    copyValue(commandLine, handleDirOption, scanDirectory);
+    takeValue(commandLine, dirOption, scanDirectory);
+    takeValue(commandLine, handleDirOption, scanDirectory);
     scanHandleNames(scanDirectory);
     validateChosen();
     parseResultsToJsonFormat();
@@ -106,13 +107,14 @@ int HandleChecker::run() {
     return 0;
 }
 
+// --file takes precedence over --dir.
 void HandleChecker::validateChosen() {
     if (isGiven(commandLine, fileOption)) {
-        if (copyValue(commandLine, fileOption, currentFile)) validateFile();
+        if (takeValue(commandLine, fileOption, currentFile)) validateFile();
         return;
     }
     std::string directory;
-    if (copyValue(commandLine, dirOption, directory)) validateHandleDir(directory);
+    if (takeValue(commandLine, dirOption, directory)) validateHandleDir(directory);
 }
 
 bool HandleChecker::validateFile() {

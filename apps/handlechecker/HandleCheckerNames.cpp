@@ -1,4 +1,8 @@
-// Handle names that stand in more than one file.
+// Handle names that more than one file has.
+//
+// The names are gathered before the first validation, by a validator of their own, since each file
+// is compared with all others. The two read a name by different rules: the scan takes the last name
+// in a file and keeps a comment behind it, the validation takes the handle's own.
 
 #include "apps/handlechecker/HandleChecker.h"
 #include "apps/handlechecker/validation/HandleMessages.h"
@@ -27,7 +31,7 @@ void HandleChecker::validateName() {
     if (validator.getName().empty()) return;
     const auto [first, last] = handleNames.equal_range(validator.getName());
     for (auto entry = first; entry != last; ++entry) {
-        // Paths are compared as text: the same file under another path is a duplicate. On purpose.
+        // Quirk: paths are compared as text, so the same file by another path is a duplicate.
         if (entry->second == currentFile) continue;
         validator.addToErrorList(messages::fill(messages::duplicateHandleName, {entry->second}),
                                  validator.getNameLine());

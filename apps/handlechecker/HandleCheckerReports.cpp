@@ -1,4 +1,7 @@
-// The two forms of a report: JSON texts, or files with a summary.
+// The two forms of a report: JSON texts on the console, or JSON files with a summary.
+//
+// Both are made from the same maps, which are ordered by path, so the order of a report does not
+// depend on the order of validation.
 
 #include "apps/handlechecker/HandleChecker.h"
 #include "apps/handlechecker/HandleCheckerMessages.h"
@@ -17,7 +20,7 @@ using messages::fill;
 
 namespace {
 
-// The whole text of a valid handle, by which it is also recognised as one.
+// The whole text of a valid handle. A handle is also recognised as valid by it.
 constexpr std::string_view validHandleText = "{}\n";
 
 Json::Value toJsonArray(const std::vector<HandleValidator::Error>& errors) {
@@ -31,7 +34,7 @@ Json::Value toJsonArray(const std::vector<HandleValidator::Error>& errors) {
     return list;
 }
 
-// The library would have another writer in its place, but that one lays the text out differently.
+// The library has deprecated this writer, but its successor lays the text out differently.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 std::string styledText(const Json::Value& root) {
@@ -39,7 +42,7 @@ std::string styledText(const Json::Value& root) {
 }
 #pragma GCC diagnostic pop
 
-// The first ".conf" of the whole path gives way, even if a directory's name holds it. On purpose.
+// Quirk: the first ".conf" of the whole path is replaced, even in the name of a directory.
 std::string jsonPathOf(const std::string& path) {
     constexpr std::string_view handleSuffix = ".conf";
     const auto found = path.find(handleSuffix);
@@ -47,7 +50,8 @@ std::string jsonPathOf(const std::string& path) {
     return std::string(path).replace(found, handleSuffix.size(), ".json");
 }
 
-// What cannot be written is not noticed here: a file that was there before counts as written.
+// Quirk: a failure is ignored, so a file that was there before counts as written. That includes a
+// pipe, which is never opened for writing, since nobody might read it.
 void writeFile(const std::string& path, const std::string& text) {
     BasicFile file;
     if (file.open(path, AccessWrite)) file.write(text);
@@ -73,7 +77,7 @@ std::string HandleChecker::renderErrors(const ValidationResult& result) const {
     const bool nested = directoryRun && !saveOutput;
     if (nested) root["Data"]["Path"] = Json::Value(result.path);
     Json::Value& place = nested ? root["Data"]["Error"] : root["Error"];
-    // Swapped in: an assignment would copy every error once more.
+    // An assignment would copy every error once more.
     Json::Value errors = toJsonArray(result.errors);
     place.swap(errors);
     return styledText(root);

@@ -1,4 +1,7 @@
-// The program: how a run of the tool begins, and what exit status it ends with.
+// The program: prepares the process, runs the tool, and turns what comes of it into an exit status.
+//
+// The application is a local object inside the one `try`, so its destructor has run before anything
+// is decided. Nothing that stands outside of the `try` can throw.
 
 #include "apps/handlechecker/HandleChecker.h"
 #include "libraries/appframe/source/AppFrame.h"
@@ -20,8 +23,8 @@ using TarvikCorelib::AppFrame;
 using TarvikCorelib::exitFailed;
 using TarvikCorelib::GlobalData;
 
-// With one of the standard descriptors closed, the next file opened would get its number, and the
-// report would be written into that file.
+// If one of the standard descriptors is closed, the next file opened would get its number, and the
+// report would go into that file.
 void occupyStandardDescriptors() {
     int descriptor = STDIN_FILENO;
     while (descriptor >= 0 && descriptor <= STDERR_FILENO) {
@@ -36,8 +39,8 @@ void installSignalHandlers() {
     }
 }
 
-// The signal's number is asked for here and stored nowhere, so a run that a signal reached ends
-// with 0 as any other. On purpose.
+// Quirk: nothing stores the number of a signal, so a run that was interrupted ends with 0, like any
+// other.
 int exitStatusOfSignal() {
     switch (GlobalData::Signal) {
     case SIGINT: return TarvikCorelib::exitSigint;
@@ -50,8 +53,8 @@ void printOutOfMemory() noexcept {
     AppFrame::output(TarvikCorelib::messages::outOfMemoryError.view(), false);
 }
 
-// The runtime keeps some memory aside for exceptions, but if the process had none from its first
-// moment on, it ends here instead of in a `catch`.
+// Called if an exception cannot be thrown for want of memory. The runtime sets some aside for that
+// at the start of the process, so this happens only if there was none from the first moment on.
 [[noreturn]] void endWithoutException() noexcept {
     if (std::current_exception() != nullptr) std::abort();
     printOutOfMemory();
@@ -81,7 +84,7 @@ int main(int argc, char** argv) {
     } catch (const std::bad_alloc&) {
         printOutOfMemory();
     } catch (...) {
-        // Nothing is printed: the status tells.
+        // Nothing is printed: whatever can be explained was caught by `runApp`.
         return exitFailed;
     }
     return exitFailed;

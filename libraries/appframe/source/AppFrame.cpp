@@ -32,12 +32,12 @@ std::string instanceText(const AppInstanceDefs& instance) {
     }
 }
 
-// A text ends at its first NUL, as C strings do.
+// Quirk: a text ends at its first NUL, as it would for a format.
 void print(std::string_view text) noexcept {
     std::fwrite(text.data(), 1, std::min(text.find('\0'), text.size()), stdout);
 }
 
-// Answers the exit value. What the log makes of the failure cannot make matters worse.
+// Returns the exit value. A failure of the log is ignored: there is one to report already.
 template <class Failure>
 int reportFailure(const Logger& log, const std::string& text, const Failure& failure) {
     AppFrame::output(text, false);
@@ -84,7 +84,7 @@ AppFrame::AppFrame(const std::string& displayName, const std::string& appName,
 }
 
 AppFrame::~AppFrame() {
-    // An exception that left a destructor would abort the process.
+    // An exception that left a destructor would end the process on the spot.
     try {
         processLock.unlock();
         if ((AppInstance.type & AppInstanceDefs::Enumerated) != 0) removeEnum();
@@ -93,7 +93,6 @@ AppFrame::~AppFrame() {
     }
 }
 
-// The response of these two reads as a status, so that true is `MsgIgnored`.
 int AppFrame::handleMessage(const ImsMessage& message) {
     return static_cast<int>(handleDirectMsg(message));
 }
@@ -121,7 +120,7 @@ void AppFrame::setup() {
 }
 
 bool AppFrame::parseCmd() {
-    std::string response;
+    std::string response;  // An error, or the usage text if that was asked for.
     if (!commandLine.parse(CommandLineC, CommandLineV, response, "")) {
         output(fill(messages::error, {response}), false);
         return false;
@@ -133,7 +132,7 @@ bool AppFrame::parseCmd() {
         lines.push_back(fill(messages::revision, {REL_REVISION}));
     if (lines.empty()) return true;
     setAppState(AppStateDone);
-    // No line end behind the last line. On purpose.
+    // Quirk: the last line has no line end.
     output(joinLines(lines), false);
     return true;
 }
@@ -142,11 +141,11 @@ bool AppFrame::configure() {
     return true;
 }
 
+// The texts are made here, in the handlers. If memory is missing for them too, that exception
+// leaves this function, and `main` says what is wrong.
 int AppFrame::runApp() {
     try {
-        int exitValue = run();
-        logEnd(exitValue);
-        return exitValue;
+        return finishRun(run());
     } catch (const Exception& exception) {
         return reportFailure(runLogger, exception.getFullMessage(false) + "\n", exception);
     } catch (const std::exception& exception) {
@@ -168,23 +167,22 @@ std::string AppFrame::unknownExceptionRecord() {
            Logger::formatSource("libraries/appframe/source/AppFrame", line);
 }
 
-// A restart that was asked for takes the place of the exit value.
-void AppFrame::logEnd(int& exitValue) const {
+int AppFrame::finishRun(int exitValue) const {
     runLogger.info(messages::endingWith, ParamStream() << exitValue);
     std::string reason;
-    if (!GlobalData::mustQuit(reason)) return;
+    if (!GlobalData::mustQuit(reason)) return exitValue;
     runLogger.info(messages::quittingBecause, ParamStream() << reason);
-    if (GlobalData::SCode != GlobalData::Restart) return;
+    if (GlobalData::SCode != GlobalData::Restart) return exitValue;
     runLogger.info(messages::restartRequested);
-    exitValue = exitRestart;
+    return exitRestart;
 }
 
 int AppFrame::exitProgram() const {
     return appState == AppStateFailed ? exitFailed : 0;
 }
 
-// Without a format, which might need memory. Where there is none for its buffer, the stream writes
-// byte by byte.
+// A format might need memory. The stream would like some for its buffer, but goes on byte by byte
+// without it.
 void AppFrame::output(std::string_view text, bool /*flag*/) noexcept {
     if (NoPopupOutput) {
         print(DisplayName);
@@ -200,7 +198,7 @@ void AppFrame::output(const std::wstring& text, bool flag) {
 
 void AppFrame::detachFromParentProcess(int /*argc*/, char** /*argv*/) {}
 
-// Gives the number of this instance back. The process is ending: a failure is logged, no more.
+// The process is ending, so a failure is only logged.
 void AppFrame::removeEnum() {
     constexpr std::int32_t instanceScope = 6;
     try {

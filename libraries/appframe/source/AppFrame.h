@@ -15,63 +15,80 @@
 
 namespace TarvikCorelib {
 
-/// How an application's instances are told apart.
+/// How the instances of an application are told apart.
 struct AppInstanceDefs {
     enum Type : std::int32_t { Untold = 0, Named = 1, ByProcess = 2, Enumerated = 4 };
 
-    std::int32_t type = Untold;
-    std::string name;
-    std::int32_t id = 0;
+    std::int32_t type = Untold;  ///< One of `Type`; any other value counts as `Untold`.
+    std::string name;            ///< For `Named`.
+    std::int32_t id = 0;         ///< For `Enumerated`.
 };
 
-/// A life goes like this. `main` installs `signalQuit` and sets `CommandLineC` and `CommandLineV`;
-/// the application's constructor calls `setup`, `construct` and `parseCmd`; then `main` calls
-/// `configure` and `runApp`, unless the state is done or failed.
+/// An application derives from this class and implements `construct`, `destruct` and `run`. Its
+/// process lives like this:
+///
+///     main             installs `signalQuit`, sets `CommandLineC` and `CommandLineV`
+///       constructor    calls `setup`, `construct`, `parseCmd`
+///       [ state ]      done: the process ends with 0; failed: it ends with 4
+///       configure      false ends the process with 4
+///       runApp         calls `run`, turns all that it throws into a text and an exit value
+///       destructor     unlocks, and gives the number of an enumerated instance back
+///
+/// The frame never ends the process itself: it reports by its state and by results, and `main`
+/// decides, so that destructors always run. Only SIGABRT is final. There is one application a
+/// process, since much of what it is called is process-wide; all of it is used by the main thread,
+/// apart from what the signal handler reads.
 class AppFrame : public ImsAgent {
 public:
     enum AppState : std::int32_t {
         AppStateRun = 0,     ///< Go on.
-        AppStateDone = 2,    ///< The command line asked for a text only.
+        AppStateDone = 2,    ///< The command line asked for a text only, which has been printed.
         AppStateFailed = 3,  ///< The construction failed.
     };
 
-    /// A `moduleType` that is not empty is exported in the environment. `standardOptions` gives the
-    /// command line the options of every application, such as help.
+    /// `displayName` is for the user; `appName` is for other programs and in the usage text. A
+    /// `moduleType` that is not empty is exported in the environment as `TarvikModuleType`.
+    /// `standardOptions` gives the command line the options of every application, such as help.
     AppFrame(const std::string& displayName, const std::string& appName, const std::string& version,
              const std::string& moduleType, bool standardOptions, const std::string& vendor);
     AppFrame(const AppFrame&) = delete;
     AppFrame& operator=(const AppFrame&) = delete;
     ~AppFrame() override;
 
+    // Quirk: the result of the next two is a truth value read as a status, so true is `MsgIgnored`.
     int handleMessage(const ImsMessage& message) override;
     int hookMessage(unsigned long long hookId, const ImsMessage& message) override;
-    /// True from an application that has filled `AppInstance`.
+    /// For an application with several instances: fills `AppInstance` and returns true.
     virtual bool setAppInstance();
+    /// The application's own preparation, with the options it allows. False is a failure.
     virtual bool construct() = 0;
     virtual bool destruct() = 0;
-    /// The work. Answers the exit value.
+    /// The work. Returns the exit value. May throw anything.
     virtual int run() = 0;
     virtual bool handleDirectMsg(const ImsMessage& message);
     virtual bool handleHookedMsg(unsigned long long hookId, const ImsMessage& message);
 
-    /// Tells the system which instance this is, if the application says that there are several.
+    /// Makes the instance known to child processes and to `signalQuit`, if `setAppInstance` says
+    /// that there are several.
     void setup();
-    /// Reads the command line and prints what it asks for. False, with the error printed, if it is
-    /// rejected; the state stays as it was, so that the caller decides.
+    /// Reads the command line. Prints usage, version and revision if they were asked for; the state
+    /// is then `AppStateDone`. False, with the error printed, for a bad command line.
+    /// Quirk: that leaves the state unchanged, so the caller decides whether to go on.
     bool parseCmd();
     /// Always true.
     bool configure();
-    /// Calls `run` and answers its exit value, or 2 if a restart was asked for. Whatever is thrown
-    /// is printed, and the answer is 4.
+    /// Calls `run` and returns its exit value, or 2 if a restart was requested. Whatever is thrown
+    /// is printed and logged, and the result is 4. Throws `std::bad_alloc` if memory is missing
+    /// even for that.
     int runApp();
 
     [[nodiscard]] AppState getAppState() const { return appState; }
     /// 4 if the state is failed, else 0.
     [[nodiscard]] int exitProgram() const;
 
-    /// The only way to the console. Prints the text, behind the display name once a signal came,
-    /// and flushes. The flag has no effect. What standard output makes of it is not looked at.
-    /// Needs no memory, so it can say that there is none.
+    /// The only way to the console. Prints the text up to its first NUL, after the display name if
+    /// `NoPopupOutput` is set, and flushes. The flag has no effect. A failure of standard output is
+    /// ignored. Needs no memory, so it can say that there is none.
     static void output(std::string_view text, bool flag) noexcept;
     /// The same, in the encoding of the process locale. Needs memory.
     static void output(const std::wstring& text, bool flag);
@@ -79,23 +96,24 @@ public:
     /// Does nothing on this platform.
     static void detachFromParentProcess(int argc, char** argv);
 
-    /// The handler of all intercepted signals: tells the user, and asks the process to stop. Ends
-    /// it with 3 for SIGABRT. Does only what is safe in a handler.
+    /// The handler of all intercepted signals: tells the user, and requests a stop by `GlobalData`.
+    /// For SIGABRT it ends the process with 3 instead, after half a second. SIGCHLD is ignored.
+    /// Does only what is safe in a handler.
     static void signalQuit(int signalNumber);
 
     static std::int32_t CommandLineC;        ///< Process-wide. The arguments of `main`.
     static char** CommandLineV;              ///< Process-wide. The arguments of `main`.
     static std::string DisplayName;          ///< Process-wide. The name shown to the user.
-    static std::string Vendor;               ///< Process-wide.
+    static std::string Vendor;               ///< Process-wide. The maker of the application.
     static std::string AppVersion;           ///< Process-wide. The application's, not the suite's.
     static AppInstanceDefs AppInstance;      ///< Process-wide.
-    static std::atomic<bool> NoPopupOutput;  ///< Process-wide. `output` names the program.
+    static std::atomic<bool> NoPopupOutput;  ///< Process-wide. Set by a signal.
     static_assert(std::atomic<bool>::is_always_lock_free);
     static bool AppQuitOnLogOff;  ///< Process-wide. For other applications of the suite.
 
 protected:
     void setAppState(AppState state) { appState = state; }
-    /// Names the records of `logger`. Only the first ten characters count.
+    /// Sets the name in the records of `logger`, cut to ten characters.
     void setModuleName(std::string_view name) { logger.setName(name.substr(0, 10)); }
 
     /// The log record of an exception whose type nobody knows. Its location is a fixed one,
@@ -105,13 +123,15 @@ protected:
     Logger logger;
     SystemBase systemBase;
     ProcessLock processLock;
-    Logger runLogger;  ///< `runApp` writes to it.
+    Logger runLogger;  ///< Of `runApp`.
 
 private:
-    /// Writes anew what `signalQuit` prints; to be called when one of the names in it changes.
+    /// Makes the text that `signalQuit` prints; to be called when one of the names in it changes.
     static void prepareSignalText();
 
-    void logEnd(int& exitValue) const;
+    /// Logs the end of a run. Returns the exit value, or that of a restart if one was requested.
+    [[nodiscard]] int finishRun(int exitValue) const;
+    /// Gives the number of an enumerated instance back.
     void removeEnum();
 
     AppState appState = AppStateRun;

@@ -1,5 +1,6 @@
 // What happens when a signal comes. The handler may interrupt anything, so it takes no lock, calls
-// no stdio and allocates nothing: all texts with names in them are made beforehand.
+// no stdio and allocates nothing: all text with names in it is made beforehand, with signals
+// blocked, in a buffer of fixed size. The handler itself only appends the number and writes.
 
 #include "libraries/appframe/source/AppFrame.h"
 #include "libraries/appframe/source/AppFrameMessages.h"
@@ -23,7 +24,7 @@ namespace TarvikCorelib {
 
 namespace {
 
-// A text in memory of its own. What does not fit is cut.
+// A text in memory of its own, so that it can be made in a handler. What does not fit is cut.
 template <std::size_t Capacity>
 class FixedBuffer {
 public:
@@ -44,7 +45,7 @@ private:
 constexpr std::size_t prefixCapacity = 1024;
 constexpr std::size_t numberCapacity = std::numeric_limits<int>::digits10 + 2;
 
-// Names that are too long are cut, so that what happened can always be read.
+// Cuts names that are too long, so that there is room for what happened.
 constexpr FixedBuffer<prefixCapacity> prefixWith(std::string_view names) {
     constexpr std::string_view separator = ": ";
     constexpr std::size_t rest = separator.size() + messages::interceptedSignal.size();
@@ -64,7 +65,7 @@ FixedBuffer<numberCapacity> decimal(int number) {
         {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
-// One call for the whole text, so that nothing comes in between.
+// One call for the whole text, so that no other output gets into it.
 void printSignal(int signalNumber) {
     constexpr std::string_view eraseControlC = "\b\b";
     constexpr std::size_t rest = eraseControlC.size() + numberCapacity + 1;
@@ -102,7 +103,7 @@ void AppFrame::signalQuit(int signalNumber) {
     storeSignal(signalNumber);
     if (signalNumber == SIGABRT) {
         core_sleep(millisecondsToAbort);
-        // Not exit: what that runs and flushes is not safe where anything may be half done.
+        // Not `exit`: the destructors and buffers it would run may have been interrupted half way.
         _exit(exitAborted);
     }
     errno = errorBefore;
