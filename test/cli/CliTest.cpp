@@ -6,7 +6,7 @@
 //   stdout    the bytes that must come out
 //   status    the exit status, where it is not 0
 //   after/    files that must hold exactly these bytes afterwards (may be left out)
-//   absent    names, one a line, at which nothing may stand afterwards (may be left out)
+//   absent    names, one a line, that must not exist afterwards (may be left out)
 
 #include "test/support/ScopedEnv.h"
 #include "test/support/TempDir.h"
@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 using tarvik_test::readFile;
 using tarvik_test::ScopedEnv;
 
-// What runs longer is killed, and its status is then none that a case expects.
+// A run that takes longer is killed, and no case expects its status then.
 constexpr const char* runCommand =
     R"(cd "$WORK" && exec timeout -k 1 20 /bin/sh "$CASE/command" </dev/null >../stdout 2>../stderr)";
 

@@ -1,4 +1,4 @@
-/// An environment variable that is set or unset for a while.
+/// An environment variable that is set or unset as long as the object lives.
 #pragma once
 
 #include <optional>
@@ -6,7 +6,7 @@
 
 namespace tarvik_test {
 
-/// The destructor brings back what the variable was, or that there was none.
+/// The destructor restores the value before, or unsets the variable if there was none.
 class ScopedEnv {
 public:
     /// Sets the variable.

@@ -5,14 +5,13 @@
 
 namespace tarvik_test {
 
-/// The bytes of a file. Throws `std::runtime_error` when it cannot be read.
+/// The bytes of a file. Throws `std::runtime_error` if it cannot be read.
 std::string readFile(const std::string& path);
 
-/// Stands under $TMPDIR, or under /tmp without it. The destructor removes it with all that it
-/// holds by then.
+/// In $TMPDIR, or in /tmp if that is not set. The destructor removes it with all its contents.
 class TempDir {
 public:
-    /// Throws `std::system_error` when there can be none.
+    /// Throws `std::system_error` if it cannot be made.
     TempDir();
     TempDir(const TempDir&) = delete;
     TempDir& operator=(const TempDir&) = delete;
@@ -20,8 +19,8 @@ public:
 
     /// Without a trailing slash.
     [[nodiscard]] const std::string& path() const { return directory; }
-    /// Writes a file, over an older one too, and answers its full path. Directories in the name are
-    /// made. Throws `std::runtime_error` when the bytes do not get there.
+    /// Writes a file, replacing an older one, and returns its full path. Makes the directories in
+    /// the name. Throws `std::runtime_error` if the bytes cannot be written.
     std::string write(const std::string& relativeName, const std::string& bytes) const;
     [[nodiscard]] std::string read(const std::string& relativeName) const {
         return readFile(directory + "/" + relativeName);

@@ -99,7 +99,7 @@ const auto commands = std::to_array<CommandCase>({
     {"no words at all", {}, false, "ERROR: Missing executable argument\n"},
 });
 
-TEST_F(AppFrameTest, TheCommandLineIsAnsweredAtOnce) {
+TEST_F(AppFrameTest, TheTextsThatACommandLineAsksForArePrintedAtOnce) {
     for (const CommandCase& row : commands) {
         std::vector<std::string> words(row.words.begin(), row.words.end());
         std::vector<char*> pointers;
@@ -117,7 +117,7 @@ TEST_F(AppFrameTest, TheCommandLineIsAnsweredAtOnce) {
     }
 }
 
-TEST_F(AppFrameTest, OutputNamesTheProgramOnceASignalCame) {
+TEST_F(AppFrameTest, OutputNamesTheProgramAfterASignal) {
     const Application application;
     EXPECT_EQ(printedBy([] { AppFrame::output("50%s\n", true); }), "50%s\n");
     AppFrame::NoPopupOutput = true;
@@ -130,7 +130,7 @@ struct InstanceCase {
     std::string text;
 };
 
-TEST_F(AppFrameTest, AnInstanceIsToldApartAsTheApplicationSays) {
+TEST_F(AppFrameTest, AnInstanceIsNamedAsTheApplicationSays) {
     const auto cases = std::to_array<InstanceCase>({
         {"not at all", {0, "x", 5}, "0"},
         {"by its name", {1, "x", 5}, "x"},
@@ -145,7 +145,7 @@ TEST_F(AppFrameTest, AnInstanceIsToldApartAsTheApplicationSays) {
     }
 }
 
-TEST_F(AppFrameTest, ASignalIsToldInOneTextAndAsksForAnEnd) {
+TEST_F(AppFrameTest, ASignalPrintsOneTextAndRequestsAStop) {
     AppFrame::AppInstance = {AppInstanceDefs::Named, "east", 0};
     Application application;
     application.setup();

@@ -24,7 +24,7 @@ protected:
         parser.specifyValueArg("TARGET");
     }
 
-    // All that the parser kept, in one line.
+    // What the parser kept, in one line.
     std::string given() {
         std::string all;
         for (const char letter : {'a', 'b'}) {
@@ -101,7 +101,7 @@ const auto rejected = std::to_array<WordsCase>({
     {"too many words", {"-a", "x", "y", "z"}, " a", "Too many arguments"},
 });
 
-TEST_F(CmdParserTest, ABadWordEndsTheParseAndWhatStoodBeforeItIsKept) {
+TEST_F(CmdParserTest, ABadWordEndsTheParseAndWhatCameBeforeItIsKept) {
     for (const WordsCase& row : rejected) {
         EXPECT_TRUE(parser.parse("an earlier", output, "")) << "its plain words are forgotten";
         EXPECT_FALSE(parser.parse(row.words, output, "")) << row.name;

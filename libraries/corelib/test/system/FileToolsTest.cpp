@@ -31,7 +31,7 @@ protected:
     Names dirs;
 };
 
-TEST_F(FileToolsTest, ReadDirTellsDirectoriesFromAllElse) {
+TEST_F(FileToolsTest, ReadDirSeparatesDirectoriesFromAllElse) {
     EXPECT_TRUE(FileTools::readDir(directory.path(), "*.conf", &files, &dirs));
     EXPECT_EQ(files, (Names{".conf", "b.conf", "f.conf", "g.conf"}));
     EXPECT_EQ(dirs, (Names{"d.conf", "e.conf"}));
