@@ -38,14 +38,14 @@ std::string defaultScanDirectory() {
     return configuration + R"(\usagewarden\tasks)";
 }
 
-bool isGiven(CmdParser& commandLine, const Option& option) {
-    return commandLine.haveOption(option.name) || commandLine.haveOption(option.letter);
+// An option that was given is found by its letter, whether the letter or the name was typed.
+bool isGiven(const CmdParser& commandLine, const Option& option) {
+    return commandLine.haveOption(option.letter);
 }
 
 // True, with the value in `out`, if the option was given; else `out` stays unchanged.
-bool takeValue(CmdParser& commandLine, const Option& option, std::string& out) {
-    return commandLine.getOptionValue(option.name, out) ||
-           commandLine.getOptionValue(option.letter, out);
+bool takeValue(const CmdParser& commandLine, const Option& option, std::string& out) {
+    return commandLine.getOptionValue(option.letter, out);
 }
 
 }  // namespace
