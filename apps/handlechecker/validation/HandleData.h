@@ -22,6 +22,7 @@ struct FileIdentity {
     std::int64_t changed = 0;          ///< Of content or rights, in seconds since 1970.
     std::int64_t changedFraction = 0;  ///< The rest of that time, in nanoseconds.
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check misreads a defaulted comparison.
     auto operator<=>(const FileIdentity&) const = default;
 };
 
