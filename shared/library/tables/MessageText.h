@@ -24,8 +24,8 @@ constexpr std::size_t countHoles(std::string_view text) {
 template <std::size_t Holes>
 class MessageText {
 public:
-    // NOLINTNEXTLINE(google-explicit-constructor, modernize-avoid-c-arrays): literals convert.
     template <std::size_t Size>
+    // NOLINTNEXTLINE(google-explicit-constructor, modernize-avoid-c-arrays): literals convert.
     consteval MessageText(const char (&literal)[Size]) : text(literal, Size - 1) {
         if (countHoles(text) != Holes) throw "the text has another number of holes";
     }
