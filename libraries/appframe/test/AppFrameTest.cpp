@@ -1,5 +1,6 @@
 #include "libraries/appframe/source/AppFrame.h"
 
+#include "libraries/corelib/source/process/EnvTools.h"
 #include "libraries/corelib/source/process/GlobalData.h"
 #include "libraries/corelib/source/system/SystemTools.h"
 #include "test/support/AppFrameStateGuard.h"
@@ -120,6 +121,7 @@ TEST_F(AppFrameTest, TheTextsThatACommandLineAsksForArePrintedAtOnce) {
 TEST_F(AppFrameTest, OutputNamesTheProgramAfterASignal) {
     const Application application;
     EXPECT_EQ(printedBy([] { AppFrame::output("50%s\n", true); }), "50%s\n");
+    EXPECT_EQ(printedBy([] { AppFrame::output({"cut\0off", 7}, true); }), "cut");
     AppFrame::NoPopupOutput = true;
     EXPECT_EQ(printedBy([] { AppFrame::output(L"wide\n", false); }), "Some Tool: wide\n");
 }
@@ -138,9 +140,17 @@ TEST_F(AppFrameTest, AnInstanceIsNamedAsTheApplicationSays) {
         {"by its number", {4, "x", 5}, "5"},
         {"in an unknown way", {3, "x", 5}, "0"},
     });
+    {
+        const tarvik_test::ScopedEnv inherited("tarvik_application_instance", "7");
+        EXPECT_EQ(SystemTools::getAppInstance(), "7") << "the parent process names it";
+    }
     for (const InstanceCase& row : cases) {
         AppFrame::AppInstance = row.instance;
         Application().setup();
+        std::string exported;
+        EXPECT_EQ(EnvTools::get("tarvik_application_instance", exported), row.instance.type != 0);
+        EXPECT_EQ(exported, row.instance.type != 0 ? row.text : "") << row.name;
+        const tarvik_test::ScopedEnv unset("tarvik_application_instance");
         EXPECT_EQ(SystemTools::getAppInstance(), row.text) << row.name;
     }
 }
@@ -166,8 +176,10 @@ TEST_F(AppFrameTest, ASignalPrintsOneTextAndRequestsAStop) {
 }
 
 TEST_F(AppFrameTest, ALongInstanceNameLeavesRoomForWhatHappened) {
-    AppFrame::AppInstance = {AppInstanceDefs::Named, std::string(1024, 'x'), 0};
     Application application;
+    EXPECT_EQ(printedBy([] { AppFrame::signalQuit(SIGTERM); }),
+              "Some Tool: tool#0: Intercepted signal 15\n");
+    AppFrame::AppInstance = {AppInstanceDefs::Named, std::string(1024, 'x'), 0};
     application.setup();
     EXPECT_EQ(printedBy([] { AppFrame::signalQuit(SIGTERM); }),
               "Some Tool: tool#" + std::string(987, 'x') + ": Intercepted signal 15\n");

@@ -196,6 +196,14 @@ TEST(CmdParserArgumentsTest, WithoutAnyWordsTheExecutableIsMissing) {
     }
 }
 
+TEST_F(CmdParserTest, OneTextIsReturnedAndTheVersionTakesPrecedence) {
+    parser.init("", true, false, false);
+    EXPECT_TRUE(parser.parse("--revision", output, ""));
+    EXPECT_EQ(output, "25267");
+    EXPECT_TRUE(parser.parse("--revision --version", output, ""));
+    EXPECT_EQ(output, "7.0.0.0");
+}
+
 TEST_F(CmdParserTest, AnUnknownDebugLevelSilencesAllLogs) {
     parser.init("", true, false, false);
     EXPECT_TRUE(parser.parse("--debug Warning", output, ""));
