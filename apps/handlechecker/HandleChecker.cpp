@@ -128,7 +128,7 @@ bool HandleChecker::validateFile() {
         throw Source_ValidationErr(fill(messages::validationFailed));
     }
     validateName();
-    results.push_back({currentFile, validator.getErrorList()});
+    results.push_back({currentFile, validator.takeErrors()});
     return valid;
 }
 
