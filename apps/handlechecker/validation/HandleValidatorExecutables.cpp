@@ -44,8 +44,9 @@ bool HandleValidator::executablesRule(std::string& value) {
 
 // A repeated key replaces the earlier rule, but the names and the line of that one remain.
 bool HandleValidator::storeExecutablesRule(ExePatternDef rule) {
+    // The end is tried first: programs that write handles number their rules in ascending order.
     const ExePatternDef& stored =
-        exePatterns.insert_or_assign(currentKey, std::move(rule)).first->second;
+        exePatterns.insert_or_assign(exePatterns.end(), currentKey, std::move(rule))->second;
     // Quirk: the rule is stored even so, but its line is not listed as that of a good rule.
     if (stored.exe.empty()) return report(messages::fill(messages::blankExe, {currentKey}));
     if (stored.required) {

@@ -100,7 +100,8 @@ bool HandleValidator::filterRule(std::string& value) {
     for (const auto& parameter : expression.parameters()) {
         if (!FilterParameters::read(*this, parameter, rule)) return false;
     }
-    filters.insert_or_assign(currentKey, std::move(rule));
+    // The end is tried first: programs that write handles number their rules in ascending order.
+    filters.insert_or_assign(filters.end(), currentKey, std::move(rule));
     return true;
 }
 
