@@ -9,10 +9,6 @@ namespace Tarvik {
 namespace {
 
 // Signed: bytes from 0x80 up count as blanks.
-constexpr bool isBlank(char byte) {
-    return static_cast<signed char>(byte) <= 32;
-}
-
 // Drops each "*" and "?" that follows a "*".
 // Quirk: a "*" behind a "?" is kept but not remembered, so another "*" behind it is kept, too.
 std::string withoutRepeatedStars(const std::string& pattern) {
@@ -108,26 +104,6 @@ std::size_t StringTools::trimRight(std::string& text) {
     const std::size_t count = text.size() - trimmedRight(text).size();
     text.resize(text.size() - count);
     return count;
-}
-
-std::string_view StringTools::trimmed(std::string_view text) {
-    return trimmedLeft(trimmedRight(text));
-}
-
-std::string_view StringTools::trimmedLeft(std::string_view text) {
-    std::size_t start = 0;
-    while (start < text.size() && isBlank(text[start])) {
-        ++start;
-    }
-    return text.substr(start);
-}
-
-std::string_view StringTools::trimmedRight(std::string_view text) {
-    std::size_t end = text.size();
-    while (end > 0 && isBlank(text[end - 1])) {
-        --end;
-    }
-    return text.substr(0, end);
 }
 
 std::string StringTools::split(std::string& text, char separator) {

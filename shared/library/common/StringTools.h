@@ -20,6 +20,8 @@ public:
     // space, and every byte from 0x80 up.
     // Quirk: a name that ends in a UTF-8 letter loses that letter.
 
+    static constexpr bool isBlank(char byte) { return static_cast<signed char>(byte) <= 32; }
+
     /// Each removes the blanks at both ends or at one, and returns how many bytes that were.
     static std::size_t trim(std::string& text);
     static std::size_t trimLeft(std::string& text);
@@ -67,5 +69,26 @@ public:
     /// True for an empty text, too.
     [[nodiscard]] static bool holdsOnlyDigits(std::string_view text);
 };
+
+// Inline, since every line of a handle passes through these several times.
+inline std::string_view StringTools::trimmed(std::string_view text) {
+    return trimmedLeft(trimmedRight(text));
+}
+
+inline std::string_view StringTools::trimmedLeft(std::string_view text) {
+    std::size_t start = 0;
+    while (start < text.size() && isBlank(text[start])) {
+        ++start;
+    }
+    return {text.data() + start, text.size() - start};
+}
+
+inline std::string_view StringTools::trimmedRight(std::string_view text) {
+    std::size_t end = text.size();
+    while (end > 0 && isBlank(text[end - 1])) {
+        --end;
+    }
+    return {text.data(), end};
+}
 
 }  // namespace Tarvik
