@@ -32,6 +32,30 @@ struct FileIdentity {
 /// cannot be forgotten in a reset or a comparison. The order of the fields is settled.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the order of the fields is settled.
 struct HandleData {
+    /// The sections, by number.
+    enum ParseObject : std::int32_t {
+        NoObject = 0,
+        Executables = 1,
+        Licenses = 2,
+        IdleDetection = 3,
+        Optimization = 4,
+        CpuOveruse = 5,
+        Filter = 6,
+        Priorities = 7,
+    };
+
+    /// What the line machine expects next. The state is kept as a number, since the head of a
+    /// nested block adds 1 to it, which may lead past the last state.
+    enum LineState : std::int32_t {
+        OutsideHandle = 0,
+        ExpectHandleBrace = 1,
+        InHandle = 2,
+        ExpectSectionBrace = 3,
+        InSection = 4,
+        ExpectSubsectionBrace = 5,
+        InSubsection = 6,
+    };
+
     struct Error {
         std::string message;
         std::string line;  ///< In decimal, from 1; "0" for a fault of the file as a whole.
@@ -85,7 +109,7 @@ struct HandleData {
     bool requireSameAvailable = false;
     /// Left side of the line that is being read.
     std::string currentKey;
-    std::int32_t state = 0;  ///< The position of the line machine, outside of a handle at first.
+    std::int32_t state = OutsideHandle;  ///< A `LineState`.
     std::string name;
 
     // Durations are in seconds.

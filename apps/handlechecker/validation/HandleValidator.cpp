@@ -27,6 +27,12 @@ std::optional<KeyLine> keyLineIn(std::string_view line) {
 
 }  // namespace
 
+// What the closing checks need to know about the lines.
+struct HandleValidator::ReadingResult {
+    bool nameMissing = true;
+    bool closed = false;
+};
+
 bool HandleValidator::loadHandle(std::string& path) {
     if (!FileOps::exists(path)) return false;
     file.open(path, AccessRead);

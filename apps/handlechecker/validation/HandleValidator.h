@@ -39,28 +39,10 @@ public:
     using HandleData::GlobalUseLinkTimeout;
     using HandleData::LicenseServerDef;
 
-    enum ParseObject : std::int32_t {
-        NoObject = 0,
-        Executables = 1,
-        Licenses = 2,
-        IdleDetection = 3,
-        Optimization = 4,
-        CpuOveruse = 5,
-        Filter = 6,
-        Priorities = 7,
-    };
-
-    /// What the line machine expects next. The state is kept as a number, since the head of a
-    /// nested block adds 1 to it, which may lead past the last state.
-    enum LineState : std::int32_t {
-        OutsideHandle = 0,
-        ExpectHandleBrace = 1,
-        InHandle = 2,
-        ExpectSectionBrace = 3,
-        InSection = 4,
-        ExpectSubsectionBrace = 5,
-        InSubsection = 6,
-    };
+    using HandleData::LineState;
+    using HandleData::ParseObject;
+    using enum LineState;
+    using enum ParseObject;
 
     /// The results of `parseLine`.
     enum LineResult : std::int32_t { LineRejected = 0, HandleClosed = 1, LineAccepted = 2 };
@@ -214,8 +196,6 @@ private:
     static constexpr std::string_view NameKey = "name";
     static constexpr std::string_view CountersWord = "counters";
 
-    enum CpuAction : std::int32_t { NoAction = 0, Terminate = 1, NotifyAndTerminate = 2 };
-
     /// Process-wide. The keys of the rules seen in the section that is being read.
     static NameSet RuleNums;
 
@@ -232,11 +212,7 @@ private:
         bool lists = false;                         ///< Parameters that fill a list may repeat.
     };
 
-    /// What the closing checks need to know about the lines.
-    struct ReadingResult {
-        bool nameMissing = true;
-        bool closed = false;
-    };
+    struct ReadingResult;
     ReadingResult readLines();
     void checkLicenseSources();
     void checkEnd(const ReadingResult& reading);

@@ -3,7 +3,16 @@
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
 
+#include <cstdint>
+
 namespace Tarvik {
+
+namespace {
+
+// 0: no action.
+enum CpuAction : std::int32_t { Terminate = 1, NotifyAndTerminate = 2 };
+
+}  // namespace
 
 // Whether "notify-timeout" is a known key at this line.
 bool HandleValidator::isCpuNotified() const {
