@@ -29,6 +29,7 @@ struct WeekDayCode {
 struct CounterID {
     std::int32_t code = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check misreads a defaulted comparison.
     auto operator<=>(const CounterID&) const = default;
 };
 
