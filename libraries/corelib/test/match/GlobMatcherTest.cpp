@@ -66,9 +66,7 @@ std::string outcomeOf(const Text& text, const Text& glob, std::size_t pos, std::
     try {
         const auto [start, length] = GlobMatcher::find(text, glob, pos, count);
         return std::to_string(start) + "+" + std::to_string(length);
-    } catch (const GlobMatcher::Find_NotFound& failure) {
-        return failure.getFullMessage(true);
-    } catch (const GlobMatcher::Find_OutOfBounds& failure) {
+    } catch (const Exception& failure) {
         return failure.getFullMessage(true);
     }
 }
