@@ -3,7 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
+#include <clocale>
+#include <cmath>
+#include <exception>
+#include <initializer_list>
+#include <limits>
+#include <vector>
 
 namespace TarvikCorelib::StringTools {
 namespace {
@@ -20,12 +25,6 @@ template <class Text>
 Text as(std::string_view ascii) {
     return Text(ascii.begin(), ascii.end());
 }
-
-struct Change {
-    const char* name;
-    const char* text;
-    const char* expected;
-};
 
 TEST(StringToolsTest, WhitespaceHasBackspaceAndOtherControlsAreBlankOnlyOnRequest) {
     expectChange("whitespace", "\b\f\x01 x \x01\v\b", "\x01 x \x01",
@@ -47,41 +46,26 @@ TEST(StringToolsTest, WordsBeginBehindFourBlanksAndSentencesBehindFullStops) {
     });
 }
 
-struct Substitution {
-    const char* name;
-    const char* text;
-    const char* from;
-    const char* to;
-    const char* expected;
-};
-
-constexpr auto substitutions = std::to_array<Substitution>({
-    {"each one", "a.b.", ".", "--", "a--b--"},
-    {"what was inserted is not looked at", "aa", "a", "aa", "aaaa"},
-    {"from the left", "aaa", "aa", "b", "ba"},
-    {"taken out", "abab", "ab", "", ""},
-    {"nothing to look for", "ab", "", "x", "ab"},
-});
-
 TEST(StringToolsTest, PartsAreSubstitutedFromTheLeft) {
-    for (const Substitution& row : substitutions) {
-        expectChange(row.name, row.text, row.expected, [&row](auto& text) {
+    const auto change = [](const char* from, const char* to) {
+        return [=](auto& text) {
             using Text = std::decay_t<decltype(text)>;
-            return substitute(text, as<Text>(row.from), as<Text>(row.to));
-        });
-    }
+            return substitute(text, as<Text>(from), as<Text>(to));
+        };
+    };
+    expectChange("each one", "a.b.", "a--b--", change(".", "--"));
+    expectChange("what was inserted is not looked at", "aa", "aaaa", change("a", "aa"));
+    expectChange("from the left", "aaa", "ba", change("aa", "b"));
+    expectChange("taken out", "abab", "", change("ab", ""));
+    expectChange("nothing to look for", "ab", "ab", change("", "x"));
 }
 
-constexpr auto quotes = std::to_array<Change>({
-    {"one pair goes", "''a''", "'a'"},
-    {"of different kinds none goes", "'a\"", "'a\""},
-    {"a single quote is no pair", "'", "'"},
-    {"a pair without more", "\"\"", ""},
-});
-
 TEST(StringToolsTest, OnePairOfEqualQuotesIsTakenOff) {
-    for (const Change& row : quotes)
-        expectChange(row.name, row.text, row.expected, [](auto& text) { return unQuote(text); });
+    const auto change = [](auto& text) { return unQuote(text); };
+    expectChange("one pair goes", "''a''", "'a'", change);
+    expectChange("of different kinds none goes", "'a\"", "'a\"", change);
+    expectChange("a single quote is no pair", "'", "'", change);
+    expectChange("a pair without more", "\"\"", "", change);
 }
 
 TEST(StringToolsTest, ARangeMayReachPastTheEnd) {
@@ -116,8 +100,8 @@ struct Piece {
     const char* rest;
 };
 
-template <std::size_t Size, class Take>
-void expectPieces(const std::array<Piece, Size>& rows, Take take) {
+template <class Take>
+void expectPieces(std::initializer_list<Piece> rows, Take take) {
     for (const Piece& row : rows) {
         std::string narrow = row.text;
         std::wstring wide = widen(row.text);
@@ -129,19 +113,17 @@ void expectPieces(const std::array<Piece, Size>& rows, Take take) {
 }
 
 TEST(StringToolsTest, ATailIsTakenOffTheEndButRsplitSubstrTakesTheHead) {
-    expectPieces(
-        std::to_array<Piece>({{"head", "a,b;c", "a", "b;c"}, {"no delimiter", "a", "a", ""}}),
-        [](auto& text) { return split(text, as<std::decay_t<decltype(text)>>(";,")); });
-    expectPieces(
-        std::to_array<Piece>({{"tail", "a,b;c", "c", "a,b"}, {"no delimiter", "a", "a", ""}}),
-        [](auto& text) { return rsplit(text, as<std::decay_t<decltype(text)>>(";,")); });
-    expectPieces(
-        std::to_array<Piece>({{"head", "a--b--c", "a", "b--c"}, {"none", "a-b", "a-b", ""}}),
-        [](auto& text) { return splitSubstr(text, as<std::decay_t<decltype(text)>>("--")); });
-    expectPieces(
-        std::to_array<Piece>({{"head", "a--b--c", "a--b", "c"}, {"none", "a-b", "a-b", ""}}),
-        [](auto& text) { return rsplitSubstr(text, as<std::decay_t<decltype(text)>>("--")); });
-    expectPieces(std::to_array<Piece>({{"an empty delimiter", "ab", "", "ab"}}), [](auto& text) {
+    expectPieces({{"head", "a,b;c", "a", "b;c"}, {"no delimiter", "a", "a", ""}},
+                 [](auto& text) { return split(text, as<std::decay_t<decltype(text)>>(";,")); });
+    expectPieces({{"tail", "a,b;c", "c", "a,b"}, {"no delimiter", "a", "a", ""}},
+                 [](auto& text) { return rsplit(text, as<std::decay_t<decltype(text)>>(";,")); });
+    expectPieces({{"head", "a--b--c", "a", "b--c"}, {"none", "a-b", "a-b", ""}}, [](auto& text) {
+        return splitSubstr(text, as<std::decay_t<decltype(text)>>("--"));
+    });
+    expectPieces({{"head", "a--b--c", "a--b", "c"}, {"none", "a-b", "a-b", ""}}, [](auto& text) {
+        return rsplitSubstr(text, as<std::decay_t<decltype(text)>>("--"));
+    });
+    expectPieces({{"an empty delimiter", "ab", "", "ab"}}, [](auto& text) {
         const auto nothing = as<std::decay_t<decltype(text)>>("");
         return splitSubstr(text, nothing) + rsplitSubstr(text, nothing);
     });
@@ -206,6 +188,8 @@ constexpr auto unquotedFinds = std::to_array<Unquoted>({
     {"a closing quote is outside", R"(a"b")", "\"", 0, 3},
     {"neither kind hides the other", R"("'" ' =)", "=", 0, 6},
     {"a quote behind a backslash is none", R"(\"=)", "=", 0, 2},
+    {"nor does it close", R"('\'=)", "=", 0, npos},
+    {"two backslashes protect none", R"(\\"=)", "=", 0, npos},
     {"a backslash hides nothing else", R"(\=)", "=", 0, 1},
     {"quoted characters do not count", "'aaaa'b=", "=", 3, 7},
     {"not that far", "ab=", "=", 2, npos},
@@ -277,6 +261,181 @@ TEST(StringToolsTest, LeadingEmptyItemsVanishInAJoin) {
     EXPECT_EQ(join(std::vector<std::string>{"", "", "a", "", "b"}, ","), "a,,b");
     EXPECT_EQ(join(std::multiset<std::wstring>{L"b", L"a"}, L", "), L"a, b");
     EXPECT_EQ(join(std::vector<std::wstring_view>{L"a", L"b"}, std::wstring(L"+")), L"a+b");
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+const std::vector<std::pair<const char*, const char*>> trims = {
+    {"007.50", "7.5"}, {"0.50", ".5"}, {"70", "70"},       {"000", "000"},    {"12.", "12"},
+    {"3.00", "3"},     {".000", "0"},  {"0.", "0"},        {"-0.50", "-0.5"}, {"-07", "-07"},
+    {".", "."},        {"", ""},       {"0abc0", "0abc0"}, {"1.2.0", "1.2."}};
+
+TEST(StringToolsTest, ZerosThatDoNotCountAreTrimmed) {
+    for (const auto& [text, expected] : trims)
+        expectChange(text, text, expected, [](auto& number) { return trimNumber(number); });
+}
+
+struct Rounding {
+    const char* text;
+    std::size_t decimals;
+    const char* expected;
+};
+
+const std::vector<Rounding> roundings = {
+    {"1.25", 1, "1.3"},  {"1.249", 1, "1.2"},     {"9.96", 1, "10.0"},
+    {"99.5", 0, "100."}, {"-9.5", 0, "-10."},     {"+9.5", 0, "+10."},
+    {"-.96", 1, "-1.0"}, {"1.5", 3, "1.500"},     {"7", 2, "7.00"},
+    {"7", 0, "7"},       {"1.55", 2, "1.55"},     {"a.99", 1, "a1.0"},
+    {".55", 1, ".55"},   {"1.2.55", 1, "1.2.55"}, {"-a.55", 1, "-a.55"},
+    {"-", 1, "-"},       {".", 1, "."},           {"", 1, ""}};
+
+TEST(StringToolsTest, ANumberIsRoundedInItsText) {
+    for (const Rounding& row : roundings) {
+        expectChange(row.text, row.text, row.expected,
+                     [&row](auto& text) { return roundNumber(text, row.decimals, true); });
+    }
+    std::string text = "1.5";
+    EXPECT_EQ(roundNumber(text, 3, false), "1.5");
+}
+
+struct Real {
+    double number;
+    const char* narrow;
+    const wchar_t* wide;
+};
+
+const std::vector<Real> reals = {{-0.0, "0", L"0"},
+                                 {-2.5, "-2.5", L"-2.5"},
+                                 {1e-15, "0", L"0.000000000000001"},
+                                 {-1e15, "-1000000000000000", L"-1000000000000000"},
+                                 {1.5e21, "1.500000000000000e+21", L"1.500000000000000e+21"},
+                                 {5e-300, "5.000000000000000e-3", L"5.000000000000000e-3"},
+                                 {-infinity, "-inf", L"-inf"}};
+
+TEST(StringToolsTest, AWideRealHasOneDecimalMore) {
+    for (const Real& row : reals) {
+        EXPECT_EQ(toString(row.number), row.narrow);
+        EXPECT_EQ(toWString(row.number), row.wide);
+    }
+}
+
+struct Whole {
+    const char* text;
+    int eight;
+    unsigned thirtyTwo;
+    long long sixtyFour;
+};
+
+const std::vector<Whole> wholes = {{"-3x", -3, 4294967293U, -3},
+                                   {"+5", 5, 5, 0},
+                                   {" 5", 5, 5, 0},
+                                   {"", 0, 0, 0},
+                                   {"300", 44, 300, 300},
+                                   {"18446744073709551617", -1, 4294967295U, 1}};
+
+TEST(StringToolsTest, ANumberTooWideIsCutOrWrapsAround) {
+    for (const Whole& row : wholes) {
+        EXPECT_EQ(toInt8(row.text), row.eight) << row.text;
+        EXPECT_EQ(toUInt32(widen(row.text)), row.thirtyTwo) << row.text;
+        EXPECT_EQ(toInt64(row.text), row.sixtyFour) << row.text;
+        EXPECT_EQ(toInt64(widen(row.text)), row.sixtyFour) << row.text;
+    }
+    EXPECT_EQ(toInt64("9223372036854775808"), std::numeric_limits<long long>::min());
+    EXPECT_EQ(toUInt64("-1"), 0U);
+}
+
+TEST(StringToolsTest, AViewEndsWhereItEndsAndALongTextIsReadToItsNumber) {
+    const std::string_view digits = "12345";
+    EXPECT_EQ(toInt16(digits.substr(1, 2)) + toDouble(digits.substr(3, 1)), 27);
+    EXPECT_EQ(toInt32(std::string_view("1\0002", 3)), 1);
+    EXPECT_EQ(toInt32(std::wstring(70, L' ') + L"-7"), -7);
+    EXPECT_EQ(toDouble(std::string(40, ' ') + std::string(21, '0') + "1e+2x"), 100);
+}
+
+TEST(StringToolsTest, OnlyNothingAndZeroAreFalse) {
+    EXPECT_FALSE(toBool("") || toBool("0") || toBool(L"0"));
+    EXPECT_TRUE(toBool("false") && toBool("00") && toBool(L"false"));
+}
+
+TEST(StringToolsTest, OnlyTheNarrowFormCapsInfinity) {
+    EXPECT_EQ(toDouble("inf"), 1.7976931348623157e308);
+    EXPECT_EQ(toDouble(L"inf"), infinity);
+    EXPECT_EQ(toDouble("-1e999"), -infinity);
+    EXPECT_TRUE(std::isnan(toDouble("nan")));
+}
+
+TEST(StringToolsTest, WhatWasEscapedIsReadBack) {
+    // "x" has no counterpart.
+    EXPECT_EQ(escape("x\ta\n\\", "\n\tx", "nt", '\\'), R"(x\ta\n\\)");
+    EXPECT_EQ(unescape(R"(x\ta\n\\)", "nt", "\n\tx", '\\'), "x\ta\n\\");
+    EXPECT_EQ(escape(L"a,b!", L',', L'c', L'!'), L"a!cb!!");
+    EXPECT_EQ(unescape(L"a!cb!!", L',', L'c', L'!'), L"a,b!");
+    EXPECT_EQ(escape("abnt", "\n\t", "nt", '\\'), "abnt");
+}
+
+TEST(StringToolsTest, AnUnknownEscapeStaysAndALoneOneAtTheEndIsDropped) {
+    EXPECT_EQ(unescape(R"(\a\n\)", "na", "\n", '\\'), "\\a\n");
+    EXPECT_EQ(unescape(LR"(\)", L"n", L"\n", L'\\'), L"");
+}
+
+TEST(StringToolsTest, AWideCharacterThatTheLocaleLacksIsCutToItsLowByte) {
+    EXPECT_EQ(convert(L"a\u20acz"), "a\xacz");
+}
+
+TEST(StringToolsTest, OneCharHoldsNoCharacterOfSeveralBytes) {
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    EXPECT_EQ(convert(L"a\u20acz"), "a\xe2\x82\xacz");
+    EXPECT_EQ(convert(L'\u20ac'), '\xac');
+    EXPECT_THROW(convert("\xe2\x82\xac"), std::exception);
+    std::setlocale(LC_CTYPE, "C");
+}
+
+TEST(StringToolsTest, OnlySevenBitsAreWidened) {
+    EXPECT_EQ(convert(std::string("a\0~", 3)), std::wstring(L"a\0~", 3));
+    EXPECT_THROW(convert('\x80'), std::exception);
+    EXPECT_THROW(pconvert("#65;\xe9"), std::exception);
+}
+
+TEST(StringToolsTest, EachPairOfAMapIsConverted) {
+    const std::multimap<std::string, std::string> pairs{{"a", "2"}, {"a", "1"}};
+    const std::multimap<std::wstring, std::wstring> pairsW{{L"a", L"2"}, {L"a", L"1"}};
+    EXPECT_EQ(convert(pairs), pairsW);
+    EXPECT_EQ(convert(pairsW), pairs);
+}
+
+TEST(StringToolsTest, NothingIsLostOnTheWayToNarrowAndBack) {
+    const std::wstring wide = L"a ~;#\n\x7f\u20ac\xffffffff";
+    const std::string narrow = "a ~;#35;#10;#127;#8364;#4294967295;";
+    EXPECT_EQ(pconvert(wide), narrow);
+    EXPECT_EQ(pconvert(narrow), wide);
+    EXPECT_EQ(pconvert(L"#\n\u20ac", L"\n#"), "#\n#8364;");
+}
+
+TEST(StringToolsTest, AReferenceThatBreaksOffStaysAsItIs) {
+    for (const char* text : {"#;", "a#12#", "#-5;", "#1x;"})
+        EXPECT_EQ(pconvert(text), widen(text));
+    EXPECT_EQ(pconvert("#1#A#65;"), L"#1#AA");
+    EXPECT_EQ(pconvert("#99999999999999999999;"), L"\xffffffff");
+}
+
+TEST(StringToolsTest, TheLowestByteOfACharacterComesFirst) {
+    constexpr std::string_view bytes("\x67\x45\x23\x81\0\xfe\xff\xff\xff\0", 10);
+    EXPECT_EQ(encode(L"\x81234567\xfffffffe", 5), bytes);
+    EXPECT_EQ(decode(bytes, 5), L"\x81234567\xfffffffe");
+    EXPECT_EQ(decode(bytes.substr(0, 9), 5), L"\x81234567");
+    EXPECT_EQ(encode(L"a", 3), "");
+    EXPECT_EQ(decode(bytes, 3), L"");
+}
+
+TEST(StringToolsTest, TheRestOfTheBufferIsCleared) {
+    std::array<char, 6> buffer{'x', 'x', 'x', 'x', 'x', 'x'};
+    EXPECT_FALSE(encode(L'a', buffer.data(), 3));
+    EXPECT_TRUE(encode(L'b', buffer.data(), 5));
+    EXPECT_EQ(buffer, (std::array<char, 6>{'b', 0, 0, 0, 0, 'x'}));
+    EXPECT_TRUE(encode(L'c', buffer.data(), 4));
+    wchar_t c = L'x';
+    EXPECT_TRUE(!decode(c, buffer.data(), 3) && c == L'x');
+    EXPECT_TRUE(decode(c, buffer.data(), 4) && c == L'c');
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
+#include "libraries/corelib/source/process/EnvTools.h"
 #include "libraries/corelib/source/process/GlobalData.h"
+#include "test/support/ScopedEnv.h"
 
 #include <gtest/gtest.h>
 
@@ -8,11 +10,18 @@
 namespace TarvikCorelib {
 namespace {
 
-class GlobalDataTest : public testing::Test {
-protected:
-    void SetUp() override { GlobalData::reset(); }
-    void TearDown() override { GlobalData::reset(); }
-};
+TEST(ProcessTest, AMissingVariableEmptiesTheValue) {
+    const tarvik_test::ScopedEnv scope("TARVIK_ENV_TEST", "old");
+    std::string value = "unchanged";
+    EXPECT_TRUE(EnvTools::set("TARVIK_ENV_TEST", "new"));
+    EXPECT_TRUE(EnvTools::get("TARVIK_ENV_TEST", value));
+    EXPECT_EQ(value, "new");
+    EnvTools::remove("TARVIK_ENV_TEST");
+    EXPECT_FALSE(EnvTools::get("TARVIK_ENV_TEST", value));
+    EXPECT_EQ(value, "");
+    EXPECT_FALSE(EnvTools::exists("TARVIK_ENV_TEST"));
+    EXPECT_FALSE(EnvTools::set("A=B", "new"));
+}
 
 struct StopCase {
     const char* name;
@@ -26,7 +35,7 @@ constexpr auto stops = std::to_array<StopCase>({
     {"signal", [] { GlobalData::setSignal(15, "first"); }, 3},
 });
 
-TEST_F(GlobalDataTest, TheFirstStopWins) {
+TEST(ProcessTest, TheFirstStopWins) {
     for (const StopCase& row : stops) {
         std::string reason = "unchanged";
         EXPECT_FALSE(GlobalData::mustQuit(reason)) << row.name;
@@ -45,7 +54,7 @@ TEST_F(GlobalDataTest, TheFirstStopWins) {
     }
 }
 
-TEST_F(GlobalDataTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {
+TEST(ProcessTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {
     GlobalData::prepare();
     GlobalData::reset();
     const char* memory = GlobalData::SReason.data();
@@ -54,6 +63,7 @@ TEST_F(GlobalDataTest, ASignalStoresWhatFitsIntoTheMemorySetAside) {
     GlobalData::setSignal(15, std::string(capacity + 1, 'x'));
     EXPECT_EQ(GlobalData::SReason, std::string(capacity, 'x'));
     EXPECT_EQ(GlobalData::SReason.data(), memory);
+    GlobalData::reset();
 }
 
 }  // namespace
