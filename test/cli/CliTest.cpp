@@ -30,6 +30,7 @@ using tarvik_test::ScopedEnv;
 
 // A run that takes longer is killed, and no case expects its status then.
 constexpr const char* runCommand =
+    "unset TARVIK_FREG TARVIK_FREG_DIR tarvik_application_instance && "
     R"(cd "$WORK" && exec timeout -k 1 20 /bin/sh "$CASE/command" </dev/null >../stdout 2>../stderr)";
 
 std::vector<std::string> allCases() {
@@ -59,9 +60,6 @@ protected:
         const ScopedEnv tool("TOOL", HANDLE_CHECKER);
         const ScopedEnv caseFolder("CASE", folder.string());
         const ScopedEnv workFolder("WORK", work.string());
-        const ScopedEnv noRegistry("TARVIK_FREG");
-        const ScopedEnv noRegistryDir("TARVIK_FREG_DIR");
-        const ScopedEnv noInstance("tarvik_application_instance");
         const int status = std::system(runCommand);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }

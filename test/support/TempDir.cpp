@@ -19,9 +19,7 @@ std::string readFile(const std::string& path) {
 }
 
 TempDir::TempDir() {
-    const char* parent = std::getenv("TMPDIR");
-    const bool given = parent != nullptr && *parent != '\0';
-    directory = (fs::path(given ? parent : "/tmp") / "tarvik-test-XXXXXX").string();
+    directory = (fs::temp_directory_path() / "tarvik-test-XXXXXX").string();
     if (mkdtemp(directory.data()) == nullptr) {
         throw std::system_error(errno, std::generic_category(), directory);
     }

@@ -8,7 +8,8 @@ namespace tarvik_test {
 /// The bytes of a file. Throws `std::runtime_error` if it cannot be read.
 std::string readFile(const std::string& path);
 
-/// In $TMPDIR, or in /tmp if that is not set. The destructor removes it with all its contents.
+/// In the directory for temporary files, which $TMPDIR sets. The destructor removes it with all its
+/// contents.
 class TempDir {
 public:
     /// Throws `std::system_error` if it cannot be made.
