@@ -312,11 +312,12 @@ const std::vector<Real> reals = {{-0.0, "0", L"0"},
                                  {5e-300, "5.000000000000000e-3", L"5.000000000000000e-3"},
                                  {-infinity, "-inf", L"-inf"}};
 
-TEST(StringToolsTest, AWideRealHasOneDecimalMore) {
+TEST(StringToolsTest, AWideRealHasOneDecimalMoreAndAnIntegerAllItsDigits) {
     for (const Real& row : reals) {
         EXPECT_EQ(toString(row.number), row.narrow);
         EXPECT_EQ(toWString(row.number), row.wide);
     }
+    EXPECT_EQ(toWString(~0ULL), L"18446744073709551615");
 }
 
 struct Whole {
