@@ -24,6 +24,11 @@ Lines readAll(BasicFile& file) {
     return lines;
 }
 
+// What an operation that failed reports.
+std::int32_t errorAfter(const BasicFile& file, bool succeeded) {
+    return succeeded ? FileNoError : file.getLastError();
+}
+
 struct LineCase {
     const char* name;
     std::string bytes;
@@ -56,30 +61,23 @@ TEST(BasicFileTest, EachWrongUseHasItsCode) {
     const tarvik_test::TempDir dir;
     const std::string path = dir.write("f", "text");
     BasicFile file;
-    EXPECT_EQ(file.getPos(OperationAny), -1);
-    EXPECT_EQ(file.getLastError(), FileNotOpen);
+    EXPECT_EQ(errorAfter(file, file.getPos(OperationAny) != -1), FileNotOpen);
     EXPECT_FALSE(file.seek(0, FromStart, OperationAny));
-    EXPECT_FALSE(file.open(path, static_cast<FileAccessMode>(7)));
-    EXPECT_EQ(file.getLastError(), FileUnknownAccessMode);
+    EXPECT_EQ(errorAfter(file, file.open(path, static_cast<FileAccessMode>(7))),
+              FileUnknownAccessMode);
     EXPECT_TRUE(file.open(path, AccessClosed));
     EXPECT_TRUE(file.isClosed());
-    EXPECT_FALSE(file.open(dir.path() + "/none", AccessRead));
-    EXPECT_EQ(file.getLastError(), FileOpenFailed);
-    EXPECT_EQ(file.readLine(), "");
-    EXPECT_EQ(file.getLastError(), FileNotReadable);
+    EXPECT_EQ(errorAfter(file, file.open(dir.path() + "/none", AccessRead)), FileOpenFailed);
+    EXPECT_EQ(errorAfter(file, !file.readLine().empty()), FileNotReadable);
     file.validateLine("");
-    EXPECT_EQ(file.read(1), "");
-    EXPECT_EQ(file.getLastError(), FileNotReadable);
+    EXPECT_EQ(errorAfter(file, !file.read(1).empty()), FileNotReadable);
 
     ASSERT_TRUE(file.open(path, AccessRead));
-    EXPECT_FALSE(file.open(path, AccessRead));
-    EXPECT_EQ(file.getLastError(), FileAlreadyOpen);
-    EXPECT_FALSE(file.write("x"));
-    EXPECT_EQ(file.getLastError(), FileNotWriteable);
-    EXPECT_FALSE(file.seek(0, static_cast<FilePosBase>(3), OperationRead));
-    EXPECT_EQ(file.getLastError(), FileUnknownPosBase);
-    EXPECT_FALSE(file.seek(-1, FromStart, OperationRead));
-    EXPECT_EQ(file.getLastError(), FileSeekFailed);
+    EXPECT_EQ(errorAfter(file, file.open(path, AccessRead)), FileAlreadyOpen);
+    EXPECT_EQ(errorAfter(file, file.write("x")), FileNotWriteable);
+    EXPECT_EQ(errorAfter(file, file.seek(0, static_cast<FilePosBase>(3), OperationRead)),
+              FileUnknownPosBase);
+    EXPECT_EQ(errorAfter(file, file.seek(-1, FromStart, OperationRead)), FileSeekFailed);
     EXPECT_EQ(file.read(-1), "");
     EXPECT_EQ(file.getLastError(), FileNoError);
     file.validateLine("a\x1f");
@@ -163,20 +161,16 @@ TEST(BasicFileTest, WhatTheSystemRefusesIsReported) {
     BasicFile file;
     // The memory of this process: nothing is at address 0.
     ASSERT_TRUE(file.open("/proc/self/mem", AccessRead));
-    EXPECT_EQ(file.readLine(), "");
-    EXPECT_EQ(file.getLastError(), FileReadFailed);
-    EXPECT_EQ(file.read(1), "");
-    EXPECT_EQ(file.getLastError(), FileReadFailed);
+    EXPECT_EQ(errorAfter(file, !file.readLine().empty()), FileReadFailed);
+    EXPECT_EQ(errorAfter(file, !file.read(1).empty()), FileReadFailed);
     EXPECT_TRUE(file.seek(reinterpret_cast<std::intptr_t>(&text[0]), FromStart, OperationRead));
     EXPECT_EQ(file.read(4), "text");
     EXPECT_EQ(file.getLastError(), FileNoError) << "the earlier failures are over";
     file.close();
     ASSERT_TRUE(file.open("/dev/full", AccessWrite));
     EXPECT_TRUE(file.write("x"));
-    EXPECT_FALSE(file.flush());
-    EXPECT_EQ(file.getLastError(), FileNotWriteable);
-    EXPECT_FALSE(file.write(std::string(100000, 'x')));
-    EXPECT_EQ(file.getLastError(), FileShortWrite);
+    EXPECT_EQ(errorAfter(file, file.flush()), FileNotWriteable);
+    EXPECT_EQ(errorAfter(file, file.write(std::string(100000, 'x'))), FileShortWrite);
     EXPECT_TRUE(file.write(""));
     EXPECT_EQ(file.getLastError(), FileNoError);
 }

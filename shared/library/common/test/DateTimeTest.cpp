@@ -8,6 +8,7 @@
 #include <array>
 #include <ctime>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 // What `time` returns; 0 for the real time.
@@ -238,38 +239,29 @@ TEST(DateTimeTest, AYearAfter9999HasTheChangesOf9999) {
         EXPECT_EQ(zoneOf(north).getDstStart(year), 253378198800) << year;
 }
 
-struct NearnessCase {
-    const char* zone;
-    long moment;
-    DstNearness nearness;
-};
-
 constexpr long northStart = 1585443600;  // 2020-03-29 01:00 GMT
 constexpr long northEnd = 1603587600;    // 2020-10-25 01:00 GMT
 constexpr long southEnd = 1586016000;    // 2020-04-04 16:00 GMT
 constexpr long southStart = 1601740800;  // 2020-10-03 16:00 GMT
 
-constexpr auto moments = std::to_array<NearnessCase>({
-    {north, northStart - 3601, NotInDaylightTime},
-    {north, northStart - 3600, NearDaylightStart},
-    {north, northStart, InDaylightTime},
-    {north, northEnd + 3599, InDaylightTime},
-    {north, northEnd + 3600, NotInDaylightTime},
-    {south, southEnd - 3601, InDaylightTime},
-    {south, southEnd - 3600, NearDaylightEnd},
-    {south, southEnd + 3599, NearDaylightEnd},
-    {south, southEnd + 3600, NotInDaylightTime},
-    {south, southStart - 3600, NotInDaylightTime},
-    {south, southStart - 1, NearDaylightStart},
-    {south, southStart, InDaylightTime},
-    {gmt, northStart, NotInDaylightTime},
-});
-
 TEST(DateTimeTest, AMomentNearAChangeHasAPositionOfItsOwn) {
-    for (const NearnessCase& row : moments) {
+    using Row = std::tuple<const char*, long, DstNearness>;
+    for (const auto& [zone, instant, nearness] : {Row{north, northStart - 3601, NotInDaylightTime},
+                                                  {north, northStart - 3600, NearDaylightStart},
+                                                  {north, northStart, InDaylightTime},
+                                                  {north, northEnd + 3599, InDaylightTime},
+                                                  {north, northEnd + 3600, NotInDaylightTime},
+                                                  {south, southEnd - 3601, InDaylightTime},
+                                                  {south, southEnd - 3600, NearDaylightEnd},
+                                                  {south, southEnd + 3599, NearDaylightEnd},
+                                                  {south, southEnd + 3600, NotInDaylightTime},
+                                                  {south, southStart - 3600, NotInDaylightTime},
+                                                  {south, southStart - 1, NearDaylightStart},
+                                                  {south, southStart, InDaylightTime},
+                                                  {gmt, northStart, NotInDaylightTime}}) {
         DateTime moment;
-        moment.setInternalTime(row.moment);
-        EXPECT_EQ(zoneOf(row.zone).dstQuickTest(moment), row.nearness) << row.zone << row.moment;
+        moment.setInternalTime(instant);
+        EXPECT_EQ(zoneOf(zone).dstQuickTest(moment), nearness) << zone << instant;
     }
 }
 

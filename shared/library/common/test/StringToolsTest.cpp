@@ -37,25 +37,15 @@ TEST(StringToolsTest, TrimTakesBytesAsSignedNumbers) {
     EXPECT_EQ(StringTools::trimmed("\xe9 = \x80"), "=");
 }
 
-struct SplitCase {
-    const char* text;
-    const char* field;
-    const char* rest;
-};
-
-constexpr auto splitCases = std::to_array<SplitCase>({
-    {"a=b=c", "a", "b=c"},
-    {"=b", "", "b"},
-    {"a=", "a", ""},
-    {"abc", "abc", ""},
-    {"", "", ""},
-});
-
 TEST(StringToolsTest, SplitPopsTheFieldBeforeTheFirstSeparator) {
-    for (const SplitCase& row : splitCases) {
-        std::string text = row.text;
-        EXPECT_EQ(StringTools::split(text, '='), row.field) << row.text;
-        EXPECT_EQ(text, row.rest) << row.text;
+    using Row = std::array<std::string, 3>;
+    for (auto [text, field, rest] : {Row{"a=b=c", "a", "b=c"},
+                                     {"=b", "", "b"},
+                                     {"a=", "a", ""},
+                                     {"abc", "abc", ""},
+                                     {"", "", ""}}) {
+        EXPECT_EQ(StringTools::split(text, '='), field);
+        EXPECT_EQ(text, rest) << "after the field " << field;
     }
 }
 
