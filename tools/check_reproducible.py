@@ -2,7 +2,7 @@
 """Refuses a release that depends on where it was built.
 
 Builds the program once more in another folder and compares the two to the byte. The folder's name
-has another length on purpose: a path in the program would move what follows it."""
+has another length, since a path in the program would then move what follows it."""
 
 import pathlib
 import shutil

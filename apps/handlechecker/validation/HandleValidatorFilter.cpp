@@ -49,8 +49,9 @@ struct HandleValidator::FilterParameters {
         return true;
     }
 
-    // Quirk: "5-" looks like "at least five" and is refused for its dash: no lower limit can be
-    // set. Quirk: a bad number is reported, but the rule is kept.
+    // Quirk: "5-" looks like "at least five" and is refused for its dash, so no lower limit can be
+    // set.
+    // Quirk: a bad number is reported, but the rule is kept.
     template <auto Limit>
     static bool readLimit(HandleValidator& self, std::string_view value, FilterDef& rule) {
         self.strToIntValidator(std::string(value), rule.*Limit);

@@ -35,8 +35,7 @@ bool isListed(std::string_view word, std::span<const std::string_view> list) {
 }
 
 // `Params` is the multimap of a caller or the list of an expression; both are in the order of the
-// names. An empty list takes no memory, so
-// a rule without a fault pays nothing.
+// names. An empty list takes no memory, so a rule without a fault pays nothing.
 template <typename Params>
 std::vector<std::string_view> unknownNames(const Params& params,
                                            std::span<const std::string_view> allowed) {

@@ -15,7 +15,7 @@
 
 namespace TarvikCorelib {
 
-/// How the instances of an application are told apart.
+/// What distinguishes the instances of an application.
 struct AppInstanceDefs {
     enum Type : std::int32_t { Untold = 0, Named = 1, ByProcess = 2, Enumerated = 4 };
 

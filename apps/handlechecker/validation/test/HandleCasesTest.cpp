@@ -1,4 +1,4 @@
-// Each handle under handles/ against the faults that stand in the file beside it, whole and in
+// Each handle under handles/ against the faults listed in the file beside it, whole and in
 // order, one "line: message" a fault. A new case is two files and no code.
 
 #include "apps/handlechecker/validation/HandleValidator.h"
@@ -42,7 +42,7 @@ std::string asText(const std::vector<Tarvik::HandleValidator::Error>& errors) {
 
 class HandleCasesTest : public testing::TestWithParam<std::string> {};
 
-TEST_P(HandleCasesTest, TheFaultsAreThoseToldBesideTheHandle) {
+TEST_P(HandleCasesTest, TheFaultsAreThoseListedBesideTheHandle) {
     const std::string base = std::string(HANDLE_CASES_DIR) + "/" + GetParam();
     std::string path = base + ".conf";
     Tarvik::HandleValidator validator;

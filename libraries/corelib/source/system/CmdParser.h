@@ -185,8 +185,8 @@ private:
     std::vector<std::string> args;
     std::set<ArgumentSpec> options;
     std::size_t maxOptionWidth = 4;  ///< Of the longest name, with its indent, in characters.
-    std::list<ArgumentSpec>
-        valueSpecs;  ///< A list, for `ParserArgs` points into it while it grows.
+    /// A list, since `ParserArgs` points into it while it grows.
+    std::list<ArgumentSpec> valueSpecs;
     bool allowUnknown = false;
     std::string appName;
     std::set<ArgumentDef> parsedOptions;

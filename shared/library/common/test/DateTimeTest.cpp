@@ -78,7 +78,7 @@ constexpr auto texts = std::to_array<TextCase>({
     {"20200301x", 0},
     {" 20200301", 0},
     {"2020-03-01T1230x", 1583020800},
-    // The seconds of a compact time stand at position 6.
+    // The seconds of a compact time are at position 6.
     {"2020-03-01T123045", 1583065800},
     {"2020-03-01T12304567", 1583065859},
     {"2020-03-01T1230", 1583065800},
