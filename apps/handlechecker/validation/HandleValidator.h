@@ -8,10 +8,8 @@
 #include "shared/library/tables/MessageText.h"
 
 #include <cstdint>
-#include <list>
 #include <map>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
