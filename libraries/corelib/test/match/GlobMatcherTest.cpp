@@ -55,6 +55,14 @@ TEST(GlobMatcherTest, MatchTakesAllOfTheTextFromPosAndNoCountButZero) {
     }
 }
 
+TEST(GlobMatcherTest, WithoutARangeTheWholeTextIsMatched) {
+    EXPECT_FALSE(GlobMatcher::match("ab", "b"));
+    EXPECT_TRUE(GlobMatcher::match("ab", "a?"));
+    EXPECT_TRUE(GlobMatcher::match(L"ab", L"a?"));
+    EXPECT_TRUE(GlobMatcher::matchIgnoreCase("AB", "a?"));
+    EXPECT_TRUE(GlobMatcher::matchIgnoreCase(L"AB", L"a?"));
+}
+
 TEST(GlobMatcherTest, MatchIgnoreCaseLowersBothTextAndGlob) {
     EXPECT_TRUE(GlobMatcher::matchIgnoreCase("ABC", "a*c"));
     EXPECT_TRUE(GlobMatcher::matchIgnoreCase(L"abc", L"A*C"));
