@@ -33,8 +33,9 @@ TEST(LoggerTest, ItsRevisionShowsInLocationsMadeBelowItToo) {
     EXPECT_EQ(Logger::formatSource("a/b", 7), " @logsrc{file=\"b\" line=7 rev=12};");
     EXPECT_EQ(here("a/b", 7), " @logsrc{file=\"b\" line=7 rev=12};");
     Logger::Revision = 0;
-    EXPECT_EQ(here(),
-              " @logsrc{file=\"LoggerTest.cpp\" line=" + std::to_string(__LINE__ - 1) + "};");
+    const std::string place = here();
+    constexpr int line = __LINE__ - 1;
+    EXPECT_EQ(place, " @logsrc{file=\"LoggerTest.cpp\" line=" + std::to_string(line) + "};");
 }
 
 }  // namespace
