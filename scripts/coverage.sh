@@ -12,11 +12,10 @@ rm -rf "$build/profiles"
 cmake --workflow --preset coverage >&2
 
 llvm-profdata-14 merge -o "$build/tests.profdata" "$build"/profiles/*.profraw
-programs=()
-while read -r program; do
-  programs+=(-object "$program")
-done < <(find "$build" -type f -executable \( -name '*_test' -o -name HandleChecker \))
-product=(apps libraries shared -ignore-filename-regex='/(test|build)/')
-llvm-cov-14 show "${programs[@]}" -instr-profile "$build/tests.profdata" -format html \
-  -output-dir "$build/html" "${product[@]}" >/dev/null
-llvm-cov-14 report "${programs[@]}" -instr-profile "$build/tests.profdata" "${product[@]}"
+mapfile -t programs < <(
+  find "$build" -type f -executable \( -name '*_test' -o -name HandleChecker \))
+# llvm-cov needs one program by position; it may be named among the objects again.
+options=(-instr-profile "$build/tests.profdata" -ignore-filename-regex='/(test|build)/')
+arguments=("${programs[0]}" "${programs[@]/#/-object=}" "${options[@]}")
+llvm-cov-14 show "${arguments[@]}" -format html -output-dir "$build/html" >/dev/null
+llvm-cov-14 report "${arguments[@]}"
