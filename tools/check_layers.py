@@ -18,7 +18,11 @@ PRODUCT = ("apps", "libraries", "shared")
 CHAIN_TARGET = "corelib_base"
 CHAIN = ["text", "values", "diagnostics", "match", "process", "time"]
 # Sources of that target that look back: the source, and the later header that it includes.
-BACKWARD = set()
+STREAM = "libraries/corelib/source/values/PrimitiveStream.cpp"
+BACKWARD = {
+    (STREAM, "libraries/corelib/source/time/DateTime.h"),
+    (STREAM, "libraries/corelib/source/time/DateTimeDetails.h"),
+}
 
 # In angle brackets too, where the path is one of ours.
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"|<(?=(?:apps|libraries|shared|test)/))([^">]+)')

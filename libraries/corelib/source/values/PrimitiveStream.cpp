@@ -3,6 +3,8 @@
 #include "libraries/corelib/source/text/StringToolsConvert.h"
 #include "libraries/corelib/source/text/StringToolsEscape.h"
 #include "libraries/corelib/source/text/StringToolsNumbers.h"
+#include "libraries/corelib/source/time/DateTime.h"
+#include "libraries/corelib/source/time/DateTimeDetails.h"
 #include "libraries/corelib/source/values/SharedString.h"
 
 #include <algorithm>
@@ -22,6 +24,7 @@ using ElementDef = PrimitiveStream::ElementDef;
 //   flag         "1" or "0"
 //   character    its code in decimal
 //   number       decimal
+//   time         its count in decimal
 //   narrow text  escaped: a line feed as "\n", a backslash doubled
 //   wide text    escaped in the same way, and then its bytes as they are in memory
 //
@@ -121,6 +124,10 @@ void parse(const std::string& text, double& value) {
     value = StringTools::toDouble(text);
 }
 
+void parse(const std::string& text, DateTime& value) {
+    value = DateTime(StringTools::toUInt64(text));
+}
+
 void parse(const std::string& text, std::string& value) {
     value = unescaped<char>(text);
 }
@@ -170,6 +177,9 @@ PrimitiveStream::ElementDef::ElementDef(unsigned long long number)
 PrimitiveStream::ElementDef::ElementDef(double number)
     : type(DoubleElement), value(StringTools::toString(number)) {}
 
+PrimitiveStream::ElementDef::ElementDef(const DateTime& instant)
+    : type(TimeElement), value(StringTools::toString(instant.time())) {}
+
 PrimitiveStream::ElementDef::ElementDef(const char* text) : ElementDef(viewOf(text)) {}
 
 PrimitiveStream::ElementDef::ElementDef(const wchar_t* text) : ElementDef(viewOf(text)) {}
@@ -215,6 +225,10 @@ bool PrimitiveStream::ElementDef::get(double& target) const {
     return getAs(DoubleElement, *this, target);
 }
 
+bool PrimitiveStream::ElementDef::get(DateTime& target) const {
+    return getAs(TimeElement, *this, target);
+}
+
 bool PrimitiveStream::ElementDef::get(std::string& target) const {
     return getAs(StringElement, *this, target);
 }
@@ -236,11 +250,12 @@ bool PrimitiveStream::ElementDef::get(SharedString& target) const {
 std::string PrimitiveStream::ElementDef::getAsString() const {
     switch (type) {
     case BoolElement: return parsed<bool>(*this) ? "true" : "false";
+    case TimeElement: return DateTimeDetails(parsed<TimeType>(*this)).getString(true, false, false);
     case StringElement: return parsed<std::string>(*this);
     case WStringElement: return StringTools::convert(parsed<std::wstring>(*this));
     case CharElement: return {parsed<char>(*this)};
     case WCharElement: return StringTools::convert(std::wstring(1, parsed<wchar_t>(*this)));
-    // The numbers, which are stored as they are shown; times and undefined elements show nothing.
+    // The numbers, which are stored as they are shown; undefined elements show nothing.
     default: return type > BoolElement && type < TimeElement ? value : std::string();
     }
 }
@@ -251,6 +266,11 @@ std::wstring PrimitiveStream::ElementDef::getAsWString() const {
     case WCharElement: return {parsed<wchar_t>(*this)};
     default: return StringTools::widen(getAsString());
     }
+}
+
+bool PrimitiveStream::push(const DateTime& instant) {
+    ElementDef element(instant);
+    return write(element);
 }
 
 bool PrimitiveStream::push(const char* text) {

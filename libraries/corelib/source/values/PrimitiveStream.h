@@ -9,6 +9,7 @@
 
 namespace TarvikCorelib {
 
+class DateTime;
 class SharedString;
 
 /// Turns values into elements and back. The derived class decides where the elements go.
@@ -53,6 +54,8 @@ public:
         explicit ElementDef(unsigned long number)
             : ElementDef(static_cast<unsigned long long>(number)) {}
         explicit ElementDef(double number);
+        /// Kept as its count; the zone is lost.
+        explicit ElementDef(const DateTime& instant);
         /// Line feeds become `\n`, and backslashes are doubled. A wide text is then kept as its
         /// bytes in memory order, four a character. A null pointer stands for an empty text.
         explicit ElementDef(const char* text);
@@ -70,14 +73,17 @@ public:
         bool get(long long& target) const;
         bool get(unsigned long long& target) const;
         bool get(double& target) const;
+        /// Leaves the zone unset.
+        bool get(DateTime& target) const;
         bool get(std::string& target) const;
         bool get(std::wstring& target) const;
         /// Reads narrow and wide texts.
         /// Quirk: a narrow text stays escaped, a wide one does not.
         bool get(SharedString& target) const;
 
-        /// The value for display: flags as "true" and "false", texts with their line feeds. Wide
-        /// texts are converted by the process locale. Empty for an undefined element.
+        /// The value for display: flags as "true" and "false", times in GMT such as
+        /// "2010-01-02T03:04:05.006Z", texts with their line feeds. Wide texts are converted by the
+        /// process locale. Empty for an undefined element.
         [[nodiscard]] std::string getAsString() const;
         /// The same in wide characters. Narrow texts are widened byte by byte, so it never fails.
         [[nodiscard]] std::wstring getAsWString() const;
@@ -109,6 +115,7 @@ public:
         ElementDef element(value);
         return write(element);
     }
+    bool push(const DateTime& instant);
     bool push(const char* text);
     bool push(const wchar_t* text);
     bool push(std::string_view text);

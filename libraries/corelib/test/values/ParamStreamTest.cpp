@@ -1,6 +1,7 @@
 #include "libraries/corelib/source/values/ParamStream.h"
 
 #include "libraries/corelib/source/text/StringToolsConvert.h"
+#include "libraries/corelib/source/time/DateTime.h"
 #include "libraries/corelib/source/values/SharedString.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +58,8 @@ const auto elements = std::to_array<ElementCase>({
     {"int", ElementDef(-5), 3, "-5", "-5", L"-5"},
     {"long", ElementDef(-5000000000LL), 5, "-5000000000", "-5000000000", L"-5000000000"},
     {"double", ElementDef(-0.5), 7, "-0.5", "-0.5", L"-0.5"},
+    {"time", ElementDef(DateTime(3471476645006)), 8, "3471476645006", "2010-01-02T03:04:05.006Z",
+     L"2010-01-02T03:04:05.006Z"},
     {"char beyond 7 bits", ElementDef('\xe9'), 12, "-23", "\xe9", L"\u00e9"},
     {"wide char", ElementDef(L'\u20ac'), 13, "8364", "\xac", L"\u20ac"},
     {"text", ElementDef("a\n\\\xe9"), 9, "a\\n\\\\\xe9", "a\n\\\xe9", L"a\n\\\u00e9"},
@@ -97,6 +100,17 @@ TEST(ParamStreamTest, EachTypeIsReadAsItWasWritten) {
     std::apply([&](const auto&... values) { (stream.push(values), ...); }, written);
     std::apply([&](auto&... targets) { (stream >> ... >> targets); }, read);
     EXPECT_EQ(read, written);
+}
+
+TEST(ParamStreamTest, ATimeIsReadAsAnInstantWithoutItsZone) {
+    ParamStream stream;
+    EXPECT_TRUE(stream.push(DateTime(3471476645006, TimeZone("+01:00"))));
+    stream << 5ULL;
+    DateTime target(1, TimeZone("+02:00"));
+    EXPECT_TRUE(stream.pull(target));
+    EXPECT_FALSE(target.getTimeZone().isSet());
+    EXPECT_FALSE(stream.pull(target));
+    EXPECT_EQ(target.time(), 3471476645006U);
 }
 
 TEST(ParamStreamTest, AnElementOfAnotherTypeIsTakenOffAndChangesNothing) {
