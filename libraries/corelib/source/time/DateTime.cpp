@@ -15,11 +15,18 @@ namespace {
 using TimeArithmetic::moved;
 using TimeArithmetic::movedBack;
 
+constexpr long long firstYear = 1900;
+
 // The clock of the system; a clock before 1970 counts back from there.
 TimeType readClock() {
     timeval present{};
     if (gettimeofday(&present, nullptr) != 0) present.tv_sec = std::time(nullptr);
     return moved(unixEpoch, present.tv_sec * millisecondsPerSecond + present.tv_usec / 1000);
+}
+
+// The calendar counts earlier years as 1900, which would be later than 0 here.
+TimeType countFrom1900(const DateTimeDetails& details) {
+    return details.getYear() < firstYear ? 0 : details.getTimeType();
 }
 
 }  // namespace
@@ -116,7 +123,7 @@ DateTime& DateTime::operator+=(const TimeSpan& span) {
     if (span.getYears() == 0 && span.getMonths() == 0)
         count = moved(count, span.countMilliseconds(false));
     else
-        count = (getGmt() + span).getTimeType();
+        count = countFrom1900(getGmt() + span);
     return *this;
 }
 
@@ -124,7 +131,7 @@ DateTime& DateTime::operator-=(const TimeSpan& span) {
     if (span.getYears() == 0 && span.getMonths() == 0)
         count = movedBack(count, span.countMilliseconds(false));
     else
-        count = (getGmt() - span).getTimeType();
+        count = countFrom1900(getGmt() - span);
     return *this;
 }
 

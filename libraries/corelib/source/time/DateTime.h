@@ -45,7 +45,8 @@ public:
     /// Reads a date as `DateTimeDetails::set` does. A text without a zone is in the zone of this
     /// object or, if it has none, in the system's one, which it then keeps.
     void set(std::string_view text);
-    /// Ignores a zone that is not valid, here and in the setters above.
+    /// Ignores a zone that is not valid, here and in the setters of a count above. A zone that is
+    /// not set is valid, so it replaces one that is.
     void setTimeZone(const TimeZone& newZone);
     /// Build the instant from fields of any value: month 13 is the next January. They are GMT,
     /// local time in the zone of this object, or local time in another zone; the object keeps its
@@ -67,7 +68,8 @@ public:
     [[nodiscard]] const TimeZone& getTimeZone() const { return zone; }
     /// -1, 0 or 1 by the instant; zones are ignored.
     [[nodiscard]] int compare(const DateTime& other) const;
-    /// The fields in GMT, in the zone of this object, or in another zone.
+    /// The fields in GMT, in the zone of this object, or in another zone. A zone that is not set is
+    /// as good as GMT here and in `setLocal`.
     [[nodiscard]] DateTimeDetails getGmt() const;
     [[nodiscard]] DateTimeDetails getLocal() const;
     [[nodiscard]] DateTimeDetails getTZ(const TimeZone& other) const;
@@ -87,9 +89,10 @@ public:
     /// one week, in milliseconds, goes back to Monday. Steps below 2 do nothing.
     void alignGmt(TimeType step);
     void alignTZ(TimeType step, const TimeZone& other);
-    /// Move to the first of a month (a year) at midnight whose number, counted from January (from
-    /// year 0), is a multiple of `step`. Steps below 1 do nothing.
-    /// Quirk: they move forward, unless the instant is on such a boundary already.
+    /// Move to the first of a month (of a year) at midnight: to that whose number, from January
+    /// (from year 0), is a multiple of `step`, or `step` further if that lies before the instant.
+    /// So they move forward unless the instant is on a boundary. Steps below 1 do nothing.
+    /// Quirk: a step that does not divide 12 runs on into the next year, and on when repeated.
     void alignGmtMonths(long long step);
     void alignLocalMonths(long long step);
     void alignGmtYears(long long step);
@@ -105,9 +108,9 @@ public:
     /// Whether a text is a date such as "2010-01-02": of these ten places, from year 1000 on.
     /// Quirk: every fourth year has a 29 February, 1900 and 2100 too.
     static bool isDate(std::string_view text);
-    /// The number of a month's short name in English, French or Italian, case ignored; 0 for
-    /// others. French names with accents are in Latin-1. Quirk: "Avri" is never found: it stands in
-    /// the table with a capital letter.
+    /// The number of a month's short name in English, French or Italian, 0 for others. Letters are
+    /// lowered by the process locale. French names with accents are in Latin-1.
+    /// Quirk: "Avri" is never found: it stands in the table with a capital letter.
     static int mapMonth(std::string_view text);
     /// Process-wide. The names that `mapMonth` knows; made on first use.
     // NOLINTNEXTLINE(readability-identifier-naming): an accessor keeps the name of its static.

@@ -79,6 +79,7 @@ void DateTime::alignGmtMonths(long long step) {
 }
 
 void DateTime::alignLocalMonths(long long step) {
+    if (!zone.isSet()) zone.setCurrent(false);
     if (step > 0) count = monthBoundary(getLocal(), step).getTimeType();
 }
 
@@ -87,6 +88,7 @@ void DateTime::alignGmtYears(long long step) {
 }
 
 void DateTime::alignLocalYears(long long step) {
+    if (!zone.isSet()) zone.setCurrent(false);
     if (step > 0) count = yearBoundary(getLocal(), step).getTimeType();
 }
 

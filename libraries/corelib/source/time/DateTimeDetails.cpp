@@ -148,15 +148,20 @@ DateTime DateTimeDetails::getDateTime() const {
 }
 
 void DateTimeDetails::makeLocal() {
-    if (local) return;
-    if (!zone.isSet()) zone.setCurrent(false);
-    *this = getDateTime().getLocal();
+    makeLocal(zone);
 }
 
 void DateTimeDetails::makeLocal(const TimeZone& newZone) {
     if (local) return;
     zone = newZone;
-    *this = getDateTime().getLocal();
+    if (!zone.isSet()) zone.setCurrent(false);
+    *this = DateTime(getTimeType()).getTZ(zone);
+}
+
+TimeZone DateTimeDetails::zoneInForce() const {
+    TimeZone inForce(zone);
+    if (!inForce.isSet()) inForce.setCurrent(false);
+    return inForce;
 }
 
 void DateTimeDetails::makeGmt() {

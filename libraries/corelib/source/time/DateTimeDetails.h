@@ -18,8 +18,8 @@ class TimeSpan;
 ///
 /// The fields may hold any values: an object knows whether they are normalized, that is within
 /// their ranges, and each operation that needs it works on a normalized copy. So month 13 or day 32
-/// carry over, and day 0 is the last day of the month before. Dates before 1900 have no count of
-/// their own; nothing overflows, sums stop at the ends of their type.
+/// carry over, and day 0 is the last day of the month before. Dates before 1900 are no instants,
+/// and a day below 1 stays there as it is. Nothing overflows; sums stop at the ends of their type.
 class DateTimeDetails {
 public:
     /// 1900-01-01T00:00:00 GMT without a zone.
@@ -48,13 +48,14 @@ public:
     ///
     ///   text = [ date ] [ "T" [ time ] [ "Z" ] [ zone ] ]
     ///   date = yyyy ["-"] mm ["-"] dd        time = hh [":"] mm [":"] ss ["." | ":"] mmm
-    ///   zone = a text for `TimeZone`, behind a sign, a blank or the "Z"
+    ///   zone = a text for `TimeZone`; with neither a "Z" nor a sign in front, behind one blank
     ///
     /// Fields end at their width or at a separator. The text is not checked: a field without digits
     /// is 0, and so is a missing one; only a missing date leaves 1900-01-01. The fields are GMT
     /// with a "Z", local otherwise. Without a zone in the text the one of this object stays; with a
-    /// time, an unset zone becomes that of the system. Quirk: milliseconds are not scaled, so ".5"
-    /// is 5 of them. Quirk: only "T" ends the date, so behind a blank a time is ignored.
+    /// time, an unset zone becomes that of the system.
+    /// Quirk: milliseconds are not scaled, so ".5" is 5 of them.
+    /// Quirk: only "T" ends the date, so behind a blank a time is ignored.
     void set(std::string_view text);
     /// The present in GMT, changed by `modifySystemTime` if that is set. The zone stays.
     void setCurrent();
@@ -76,7 +77,7 @@ public:
     // --- normalizing
 
     /// Brings all fields into their ranges, the smaller ones first, and counts week, weekday and
-    /// day of the year anew. A date that falls below 1900 ends in month 0 of 1899.
+    /// day of the year anew. Days that are borrowed from before 1900 end in month 0 of 1899.
     void normalize();
     /// The first half of it: negative fields borrow from the next larger one; a month below 1 from
     /// the year, and then, from 1900 on, a day below 1 from the months before.
@@ -118,17 +119,19 @@ public:
 
     /// The instant. Local fields without a zone are taken in the system's zone. In the hour that is
     /// repeated when daylight saving ends, daylight time is assumed.
+    /// Quirk: in the hour that is skipped, too, so its instants are those of the hour before.
     [[nodiscard]] DateTime getDateTime() const;
     [[nodiscard]] TimeType getTimeType() const;
 
     /// Prints "2010-01-02T03:04:05.006Z", or "20100102T030405.006Z" if `compact`; the milliseconds
     /// only if asked for, the "Z" only for GMT. `withZone` adds the whole offset of the zone.
+    /// Quirk: behind the "Z" as well, though the clock is that of GMT.
     [[nodiscard]] std::string getString(bool milliseconds, bool compact, bool withZone) const;
 
     // --- views
 
     /// Turn the fields into local time or GMT, the same instant; nothing to do if they are already.
-    /// Without a zone of its own the object takes the system's.
+    /// Without a zone the object takes the system's; one that is not valid is replaced by it.
     void makeLocal();
     void makeLocal(const TimeZone& newZone);
     void makeGmt();
@@ -150,7 +153,7 @@ public:
     static bool isLeapYear(long long year);
     /// 0 for a month that does not exist.
     static long long getDaysInMonth(long long year, long long month);
-    /// Leap years from 1900 on that lie before this year; 0 up to 1904.
+    /// Leap years from 1901 on that lie before this year, negative before 1897.
     static long long countLeapYears(long long year);
     /// Days from 1900 on that lie before this year.
     static long long countDays(long long year);
@@ -177,6 +180,8 @@ private:
         normalized = false;
     }
     [[nodiscard]] bool isWithinRanges() const;
+    // Of local fields: their own, or the system's if that is unset.
+    [[nodiscard]] TimeZone zoneInForce() const;
     void countWeekAndDay();
     void balanceMonths();
     void borrowDays();

@@ -192,8 +192,7 @@ TimeType DateTimeDetails::getTimeType() const {
     if (days >= 0) count = TimeArithmetic::moved(count, clock);
     if (!local) return count;
 
-    TimeZone inForce(zone);
-    if (!inForce.isSet()) inForce.setCurrent(false);
+    const TimeZone inForce = zoneInForce();
     count = TimeArithmetic::movedBack(count, inForce.getOffset());
     const DSTNearness nearness = inForce.dstQuickTest(DateTime(count));
     if (nearness != InDaylightTime && nearness != NearDaylightEnd) return count;

@@ -176,7 +176,9 @@ std::string DateTimeDetails::getString(bool milliseconds, bool compact, bool wit
     if (!local) *out++ = 'Z';
     if (!withZone) return {buffer.data(), out};
 
-    const std::string offset = zone.getIsoString(getDateTime(), compact);
+    const DateTime instant(getTimeType());
+    const std::string offset =
+        local ? zoneInForce().getIsoString(instant, compact) : zone.getIsoString(instant, compact);
     return std::string(buffer.data(), out).append(offset);
 }
 

@@ -17,7 +17,7 @@ public:
     /// span is less than the interval: a longer one is cut. The first firing is one interval away.
     explicit TickInterval(unsigned long long intervalMs, unsigned long long randomMs = 0);
 
-    /// Starts anew with another interval.
+    /// Starts anew with another interval. A random span that this cuts stays cut.
     virtual void setInterval(unsigned long long milliseconds);
     /// Sets the random span and draws the next firing tick anew.
     virtual void setRandomOffset(unsigned long long milliseconds);

@@ -31,8 +31,10 @@ public:
     /// The text is not checked. Characters that mean nothing here are skipped and do not end a
     /// number, so "P1W2D" is 12 days; a number without a letter counts for nothing. A fraction is
     /// read in seconds only.
-    /// Quirk: a fraction of more than three digits is a number of milliseconds: "PT1.2345S" is
-    /// 3345. Quirk: the sign of a fraction is that of the whole seconds, so "PT-0.5S" is positive.
+    /// Quirk: years and months replace earlier ones; the other parts add up.
+    /// Quirk: a "T" does not end a number, so "P5T3H" is 53 hours.
+    /// Quirk: more than three digits of a fraction are milliseconds as they stand: ".2345" is 2345.
+    /// Quirk: the sign of a fraction is that of the whole seconds, so "PT-0.5S" is positive.
     TimeSpan& operator=(std::string_view text);
     void set(long long years, long long months, long long days, long long hours, long long minutes,
              long long seconds, long long milliseconds);

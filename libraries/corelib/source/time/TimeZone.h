@@ -63,6 +63,7 @@ public:
     void set(const TimeZone& other) { *this = other; }
     /// Reads the long form, an offset alone ("+01:00" or "+0100"), or a number as in `setNumber`.
     /// The object counts as set after any text, with an offset of 0 if the text is none of these.
+    /// Quirk: "+120" is none of these; "-120" is a number, two hours west.
     void set(std::string_view text, const DateTime& reference);
     /// Reads the long form. Rules that make no zone are dropped together with the shift.
     void setFull(std::string_view text);
@@ -70,6 +71,7 @@ public:
     void setISO(std::string_view text);
     /// Reads an offset that includes the shift if it is in force at the reference, by the rules
     /// that this object holds and keeps.
+    /// Quirk: the reference is compared with changes by the new offset, shift included.
     void setISO(std::string_view text, const DateTime& reference);
     /// Sets the whole offset, in minutes up to 1,000,000 either way, in milliseconds beyond. Shift
     /// and rules are those of the reference's zone, and its shift is subtracted from the offset.
@@ -87,9 +89,9 @@ public:
 
     /// Takes the zone of the system, that of the variable `TZ`. It is found by watching the clock
     /// of the C library for a year, and kept for an hour in `CustomDefaultTZ`; `force` finds it
-    /// anew. Changes of the rules in another year than the present one are not seen. Quirk: the
-    /// first call finds it anew even if `TARVIK_TZ` or `setDefault` has filled the default: their
-    /// zone holds only until somebody asks for the system's.
+    /// anew. Changes of the rules in another year than the present one are not seen.
+    /// Quirk: the first call finds it anew even if `TARVIK_TZ` or `setDefault` has filled the
+    /// default: their zone holds only until somebody asks for the system's.
     void setCurrent(bool force);
     /// The same at a moment that the caller knows.
     void setCurrent(bool force, const Moment& now);

@@ -104,8 +104,8 @@ void TimeZone::calcDst(std::time_t now) {
 }
 
 // Quirk: only the month is changed, so on its last days the moment may lie in the month behind it.
-// Quirk: from 2039 on `toTime` gives -1 on both sides, so the offset is 0; east of GMT the local
-// side is in 1970 then, and the offset that of 1970.
+// Quirk: from 2039 on the moment is -1, one second before 1970. East of GMT the offset is that of
+// 1970 then; elsewhere the local side is -1 too, and the offset 0.
 void TimeZone::calcTz(std::time_t now) {
     const std::time_t hour = now - now % secondsPerHour;
     std::tm fields{};
