@@ -1,10 +1,11 @@
 #include "libraries/corelib/source/time/TimeSpan.h"
 
+#include "libraries/corelib/test/time/TimeTexts.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <limits>
-#include <random>
 #include <string>
 
 namespace TarvikCorelib {
@@ -19,36 +20,27 @@ Fields fieldsOf(const TimeSpan& span) {
     return {span.getYears(), span.getMonths(), span.countMilliseconds(false)};
 }
 
-struct TextCase {
-    const char* name;
-    const char* text;
-    const char* printed;
-};
-
 constexpr auto texts = std::to_array<TextCase>({
     {"all fields", "P1Y2M3DT4H5M6.7S", "P1Y2M3DT4H5M6.700S"},
     {"negative fields", "P-1Y-2M-1DT-1H-1M-1.5S", "P-1Y-2M-1DT-1H-1M-1.500S"},
-    {"small letters, larger units", "P1y2dT24h60m60s", "P1Y3DT1H1M"},
+    {"small letters, larger units", "P1y2m2dT24h60m60s", "P1Y2M3DT1H1M"},
     {"no large P", "1Dp1D", "P"},
     {"what is before the P", "1Y-P1M", "P1M"},
-    {"times add up, years and months do not", "P1Y2Y1M3M1D1DT1H1M1M", "P2Y3M2DT1H2M"},
+    {"times add up, years and months do not", "P1Y2Y1M3M1D1DT1H1M1M1S1S", "P2Y3M2DT1H2M2S"},
     {"times before the T, dates behind it", "P1H2S3DT4D5Y6S", "P3DT6S"},
-    {"other letters do not end a number", "P1W2t3D", "P123D"},
-    {"a number without a letter", "PT1M2", "PT1M"},
-    {"fractions are for seconds", "PT1.9H0.5M", "PT1H"},
+    {"other letters, and the T, do not end a number", "P1W2tT3H", "P5DT3H"},
     {"short fractions are filled up", "PT1.S1.05S", "PT2.050S"},
     {"the lowest", "P-106751991167DT-7H-12M-55.808S", "P-106751991167DT-7H-12M-55.808S"},
     {"too much", "P999999999999D", "P106751991167DT7H12M55.807S"},
 });
 
 TEST(TimeSpanTest, ATextIsReadUncheckedAndPrintedWithoutWhatIsZero) {
-    for (const TextCase& row : texts) {
+    for (const auto& [name, text, printed] : texts) {
         TimeSpan span(9, 9, 0, 0, 0, 0, 9);
-        span = row.text;
-        EXPECT_EQ(std::string(span), row.printed) << row.name;
+        span = text;
+        EXPECT_EQ(std::string(span), printed) << name;
     }
     EXPECT_EQ(fieldsOf(TimeSpan("P1Y2M3DT4H5M6.7S")), (Fields{1, 2, 273906700}));
-    EXPECT_EQ(std::string(TimeSpan(0)), "P");
 }
 
 TEST(TimeSpanTest, AFractionOfMoreThanThreeDigitsIsMilliseconds) {
@@ -60,22 +52,11 @@ TEST(TimeSpanTest, AFractionHasTheSignOfTheWholeSeconds) {
     EXPECT_EQ(TimeSpan("PT-0.001S").countMilliseconds(false), 1);
 }
 
-TEST(TimeSpanTest, ASpanThatIsNotNegativeIsReadAsItWasPrinted) {
-    std::mt19937_64 random(7);
-    const auto next = [&random] { return static_cast<long long>(random() >> (1 + random() % 63)); };
-    for (int i = 0; i < 10000; ++i) {
-        const TimeSpan span(next(), next(), 0, 0, 0, 0, next());
-        const std::string text(span);
-        EXPECT_EQ(fieldsOf(TimeSpan(text)), fieldsOf(span)) << text;
-    }
-}
-
 TEST(TimeSpanTest, FieldsAreMultipliedOneByOneAndCutOff) {
     TimeSpan span(1, -3, 0, 0, 0, 0, 5);
     (span *= 1.5) *= -2;
     EXPECT_EQ(fieldsOf(span), (Fields{-2, 8, -14}));
-    span *= std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(span.isZero());
+    EXPECT_TRUE((span *= std::numeric_limits<double>::quiet_NaN()).isZero());
 }
 
 TEST(TimeSpanTest, FieldsStopAtTheEndsOfTheirType) {
