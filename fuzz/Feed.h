@@ -29,6 +29,15 @@ public:
         return static_cast<unsigned char>(first);
     }
 
+    /// Any number. The first byte shortens it, so that small ones are as likely as large ones.
+    long long number() {
+        const int shift = byte() % 64;
+        std::uint64_t bits = 0;
+        for (std::size_t i = 0; i < sizeof bits; ++i)
+            bits = bits << 8 | byte();
+        return static_cast<long long>(bits) >> shift;
+    }
+
     /// All up to the next zero byte, which is dropped.
     std::string text() {
         const std::string_view taken = rest.substr(0, rest.find('\0'));
