@@ -156,8 +156,8 @@ TEST(DateTimeDetailsTest, TwoLocalTimesAreComparedWithoutTheirZones) {
 }
 
 TEST(DateTimeDetailsTest, FieldsThatAreLocalAlreadyStayInTheirZone) {
-    DateTimeDetails details = read("2010-07-02T10:00Z");
-    details.makeLocal();
+    DateTimeDetails details = read("2010-07-02T10:00Z", "+00:00");
+    details.makeLocal(TimeZone(europe));
     details.makeLocal(TimeZone("+05:00"));
     EXPECT_EQ(details.getString(false, false, true), "2010-07-02T12:00:00+02:00");
 }
