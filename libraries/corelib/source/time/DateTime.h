@@ -117,8 +117,6 @@ public:
     static const std::map<std::string, int, std::less<>>& MonthMap();
 
 private:
-    void setTo(const DateTimeDetails& fieldsAsGmt, const TimeZone& other);
-
     TimeType count = 0;
     TimeZone zone{TimeZone::Unset()};
 };

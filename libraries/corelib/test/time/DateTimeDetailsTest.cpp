@@ -29,6 +29,13 @@ TEST(DateTimeDetailsTest, EachDayFrom1900To2400IsWhereTheCalendarHasIt) {
         ASSERT_EQ(at.getWeekDay(), (chrono::weekday(day) - chrono::Monday).count());
         ASSERT_EQ(at.getYearDay(), (day - chrono::sys_days(year / 1 / 1)).count() + 1);
         ASSERT_EQ(at.getTimeType(), count);
+
+        const auto [y, m, d] = std::array{at.getYear(), at.getMonth(), at.getDay()};
+        const chrono::year_month_day_last last = date.year() / date.month() / chrono::last;
+        ASSERT_EQ(DateTimeDetails::countDays(y, m, d), number);
+        ASSERT_EQ(DateTimeDetails::getDaysInMonth(y, m), unsigned{last.day()});
+        ASSERT_EQ(DateTimeDetails::getWeekDay(y, m, d), at.getWeekDay());
+        ASSERT_EQ(DateTimeDetails::getYearDay(y, m, d), at.getYearDay());
     }
 }
 
@@ -99,7 +106,8 @@ constexpr auto texts = std::to_array<TextCase>({
 TEST(DateTimeDetailsTest, ATextIsReadByWidthAndSeparatorsAndNeverRefused) {
     for (const auto& [name, text, printed] : texts)
         EXPECT_EQ(read(text).getString(true, false, true), printed) << name;
-    EXPECT_FALSE(read("2010-02-29").isNormalized());
+    for (const char* const text : {"2010-02-29", "2010-01-02T24", "T00:60", "T00:00:60"})
+        EXPECT_FALSE(read(text).isNormalized()) << text;
 }
 
 TEST(DateTimeDetailsTest, DaylightTimeIsAssumedInTheHourThatIsRepeated) {
