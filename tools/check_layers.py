@@ -20,6 +20,8 @@ CHAIN = ["text", "values", "diagnostics", "match", "process", "time"]
 # Sources of that target that look back: the source, and the later header that it includes.
 STREAM = "libraries/corelib/source/values/PrimitiveStream.cpp"
 BACKWARD = {
+    ("libraries/corelib/source/values/SharedString.cpp",
+     "libraries/corelib/source/diagnostics/NoDestructor.h"),
     (STREAM, "libraries/corelib/source/time/DateTime.h"),
     (STREAM, "libraries/corelib/source/time/DateTimeDetails.h"),
 }

@@ -82,6 +82,9 @@ public:
     [[nodiscard]] bool haveContainedException(std::string_view wanted) const;
 
 protected:
+    /// Keeps a copy of the exception that was the cause, for one that has a message of its own too.
+    void contain(const Exception& inner) { contained.push_back(inner); }
+
     std::string name = "Exception";  ///< Derived classes set their own.
 
 private:

@@ -7,6 +7,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -41,6 +42,13 @@ public:
     requires ExceptionArguments<First, More...>
     explicit NamedException(First&& first, More&&... more)
         : Exception(std::forward<First>(first), std::forward<More>(more)...) {
+        setName();
+    }
+    /// With a message of its own and a copy of the exception that was the cause.
+    NamedException(std::string_view text, std::string_view location, ParamStream params,
+                   const Exception& cause)
+        : Exception(text, location, std::move(params)) {
+        contain(cause);
         setName();
     }
 

@@ -1,5 +1,7 @@
 #include "libraries/corelib/source/values/SharedString.h"
 
+#include "libraries/corelib/source/diagnostics/NoDestructor.h"
+
 #include <algorithm>
 #include <limits>
 #include <type_traits>
@@ -45,8 +47,8 @@ private:
 // Never destroyed: static values of other files may be destroyed after any static of this one.
 template <class Text>
 Bank<Text>& bankOf() {
-    static Bank<Text>& bank = *std::make_unique<Bank<Text>>().release();
-    return bank;
+    static NoDestructor<Bank<Text>> bank;
+    return *bank;
 }
 
 template <class Text>
