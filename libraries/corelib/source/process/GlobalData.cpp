@@ -9,6 +9,18 @@ namespace {
 // Enough for the words of a signal and a number.
 constexpr std::size_t reasonCapacity = 256;
 
+// Those who are about to claim a stop or to write its reason. A signal handler may be among them.
+constinit std::atomic<int> writers{0};
+static_assert(std::atomic<int>::is_always_lock_free);
+
+class Writing {
+public:
+    Writing() { ++writers; }
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+    ~Writing() { --writers; }
+};
+
 }  // namespace
 
 constinit std::atomic<std::int32_t> GlobalData::SCode{GlobalData::RunOn};
@@ -18,11 +30,11 @@ constinit std::int32_t GlobalData::Signal = 0;
 GlobalData::SignalBlock::SignalBlock() {
     sigset_t all{};
     sigfillset(&all);
-    sigprocmask(SIG_SETMASK, &all, &before);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
 }
 
 GlobalData::SignalBlock::~SignalBlock() {
-    sigprocmask(SIG_SETMASK, &before, nullptr);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 // The handler must not meet a string whose memory is being replaced.
@@ -32,19 +44,23 @@ void GlobalData::prepare() {
 }
 
 void GlobalData::quit(std::string_view reason) {
+    const Writing writing;
     if (claim(Quit)) SReason.assign(reason);
 }
 
 void GlobalData::restart(std::string_view reason) {
+    const Writing writing;
     if (claim(Restart)) SReason.assign(reason);
 }
 
 void GlobalData::setSignal(int /*number*/, std::string_view reason) {
+    const Writing writing;
     if (claim(StoppedBySignal)) SReason.assign(reason.substr(0, SReason.capacity()));
 }
 
+// A stop that another thread is just asking for is told at the next question, with its reason.
 bool GlobalData::mustQuit(std::string& reason) {
-    if (SCode == RunOn) return false;
+    if (SCode == RunOn || writers != 0) return false;
     reason = SReason;
     return true;
 }

@@ -15,7 +15,8 @@ namespace TarvikCorelib {
 /// A signal handler cannot take a lock, since the thread it interrupts may hold it. So a stop is
 /// claimed instead: whoever changes `SCode` from 0 to another value, in one atomic step, owns
 /// `SReason` from then on, and all others leave it alone. `setSignal` may therefore interrupt any
-/// of the other operations at any point. The reason itself has no lock: stop and ask on one thread.
+/// of the other operations at any point. Any thread may ask for a stop; the reason is shown once it
+/// is whole. `reset` is for a moment in which nobody asks.
 class GlobalData {
 public:
     enum StopCode : std::int32_t { RunOn = 0, Quit = 1, Restart = 2, StoppedBySignal = 3 };
