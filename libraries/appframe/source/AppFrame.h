@@ -113,8 +113,8 @@ public:
 
 protected:
     void setAppState(AppState state) { appState = state; }
-    /// Sets the name in the records of `logger`, cut to ten characters.
-    void setModuleName(std::string_view name) { logger.setName(name.substr(0, 10)); }
+    /// Sets the name in the records of `logger`; see `Logger::setName`.
+    void setModuleName(std::string_view name) { logger.setName(name); }
 
     /// The log record of an exception whose type nobody knows. Its location is a fixed one,
     /// wherever the exception came from: logs are searched for it.

@@ -305,7 +305,6 @@ bool CmdParser::readValue(ParserArgs& state, const ArgumentSpec& option, const s
 
 // Quirk: an unknown level counts as 0, "none", so it silences all logs.
 void CmdParser::applyStandardOptions(std::string& output) const {
-    constexpr int levelCount = 9;
     std::string levelName;
     if (haveOption('?')) {
         output = getUsageText();
@@ -315,7 +314,7 @@ void CmdParser::applyStandardOptions(std::string& output) const {
         output = revision;
     } else if (getOptionValue("debug", levelName)) {
         const int level = Logger::mapDebugLevel(levelName);
-        if (level < levelCount) Logger::MainLevel = level;
+        if (level <= Logger::Flood) Logger::MainLevel = level;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "libraries/corelib/source/system/SystemTools.h"
 
+#include "libraries/corelib/source/diagnostics/NoDestructor.h"
+#include "libraries/corelib/source/messaging/ThreadLock.h"
 #include "libraries/corelib/source/process/EnvTools.h"
 
 #include <sys/utsname.h>
@@ -10,11 +12,15 @@ namespace {
 
 constexpr const char* instanceVariable = "tarvik_application_instance";
 
+// For the table and for `DetailsObtained`.
+constinit NoDestructor<ThreadLock> detailsLock;
+
 }  // namespace
 
 constinit bool SystemTools::DetailsObtained = false;
 
 std::string SystemTools::obtain(DetailCode code) {
+    const ThreadLockGuard held(*detailsLock);
     const auto found = details().find(code);
     if (found != details().end()) return found->second;
     if (DetailsObtained) return {};
@@ -27,11 +33,15 @@ std::string SystemTools::getHostName(bool /*withDomain*/) {
 }
 
 void SystemTools::setAppName(const std::string& name) {
+    const ThreadLockGuard held(*detailsLock);
     details()[DetailAppName] = name;
 }
 
 void SystemTools::setAppInstance(const std::string& instance) {
-    details()[DetailAppInstance] = instance;
+    {
+        const ThreadLockGuard held(*detailsLock);
+        details()[DetailAppInstance] = instance;
+    }
     EnvTools::set(instanceVariable, instance);
 }
 
@@ -42,14 +52,15 @@ std::string SystemTools::getAppInstance() {
 }
 
 void SystemTools::resetDetails() {
+    const ThreadLockGuard held(*detailsLock);
     details().clear();
     DetailsObtained = false;
 }
 
 // Process-wide.
 std::map<SystemTools::DetailCode, std::string>& SystemTools::details() {
-    static std::map<DetailCode, std::string> facts;
-    return facts;
+    static NoDestructor<std::map<DetailCode, std::string>> facts;
+    return *facts;
 }
 
 void SystemTools::obtainDetails() {

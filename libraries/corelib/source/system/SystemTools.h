@@ -10,8 +10,8 @@ namespace TarvikCorelib {
 /// A table of facts, filled at the first question for one that is not in it: what an application
 /// sets about itself is in it at once, what the host says is asked for once a process.
 ///
-/// Process-wide, without a lock: the thread that starts the application uses it before it starts
-/// others.
+/// Process-wide. Any thread may ask and set at any time; the environment variable, which has no
+/// lock, is for the thread that starts the application, before it starts others.
 class SystemTools {
 public:
     enum DetailCode : std::int32_t {
@@ -52,6 +52,7 @@ public:
     static void resetDetails();
 
 private:
+    // For those who hold the lock.
     static std::map<DetailCode, std::string>& details();
     static void obtainDetails();
 

@@ -1,0 +1,40 @@
+#include "libraries/corelib/source/messaging/SharedLogger.h"
+
+#include "libraries/corelib/source/diagnostics/NoDestructor.h"
+#include "libraries/corelib/source/messaging/Logger.h"
+#include "libraries/corelib/source/messaging/ThreadLock.h"
+
+#include <memory>
+
+namespace TarvikCorelib {
+
+namespace {
+
+// For both variables, and for the making; re-entrant, since to make a logger may log.
+constinit NoDestructor<ThreadLock> sharedLock;
+
+}  // namespace
+
+constinit std::atomic<Logger*> Log{nullptr};
+constinit std::atomic<std::int32_t> LogInstances{0};
+
+void createLogger() {
+    const ThreadLockGuard held(*sharedLock);
+    ++LogInstances;
+    if (Log != nullptr || LogInstances > 1) return;
+    try {
+        Log = std::make_unique<Logger>("imsagent", nullptr).release();
+    } catch (...) {
+        --LogInstances;
+        throw;
+    }
+}
+
+// The logger dies outside of the lock: it removes its hook, which may log.
+void destroyLogger() {
+    std::unique_ptr<Logger> last;
+    const ThreadLockGuard held(*sharedLock);
+    if (--LogInstances == 0) last.reset(Log.exchange(nullptr));
+}
+
+}  // namespace TarvikCorelib
