@@ -71,7 +71,7 @@ public:
         waiting.emplace_back(time, [&target, message] {
             try {
                 target.handleMessage(message);
-            } catch (...) {  // Nobody is told.
+            } catch (...) {  // Dropped, as in the product.
             }
         });
         return true;

@@ -74,7 +74,7 @@ void Ims::deliver(const TimeDelayMsg& entry) {
     try {
         entry.target->handleMessage(entry.message);
     } catch (...) {
-        // Nobody waits for this message, so nobody is told.
+        // The sender has gone on long ago, so there is nobody to report to.
     }
 }
 

@@ -14,7 +14,7 @@ extern std::atomic<Logger*> Log;
 extern std::atomic<std::int32_t> LogInstances;
 
 /// The first of these makes the shared logger, named "imsagent", and the last one destroys it. Each
-/// `createLogger` needs a `destroyLogger`; if it throws, it counts for nothing. Agents call them.
+/// `createLogger` needs a `destroyLogger`; one that throws does not count. Agents call them.
 /// So the last agent must not die while another thread, which has none, sends messages of type
 /// "debug".
 void createLogger();

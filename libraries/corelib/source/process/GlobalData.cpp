@@ -58,7 +58,7 @@ void GlobalData::setSignal(int /*number*/, std::string_view reason) {
     if (claim(StoppedBySignal)) SReason.assign(reason.substr(0, SReason.capacity()));
 }
 
-// A stop that another thread is just asking for is told at the next question, with its reason.
+// A stop that another thread is just requesting is reported by the next call, with its reason.
 bool GlobalData::mustQuit(std::string& reason) {
     if (SCode == RunOn || writers != 0) return false;
     reason = SReason;

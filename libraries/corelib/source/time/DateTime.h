@@ -79,7 +79,7 @@ public:
 
     // --- arithmetic
 
-    /// Years and months first or last, as told at `DateTimeDetails`, in GMT.
+    /// In GMT. `DateTimeDetails` has the order in which years, months and the rest are added.
     DateTime& operator+=(const TimeSpan& span);
     DateTime& operator-=(const TimeSpan& span);
     /// Adds the shift of the zone's daylight saving.
@@ -110,7 +110,7 @@ public:
     static bool isDate(std::string_view text);
     /// The number of a month's short name in English, French or Italian, 0 for others. Letters are
     /// lowered by the process locale. French names with accents are in Latin-1.
-    /// Quirk: "Avri" is never found: it stands in the table with a capital letter.
+    /// Quirk: "Avri" is never found: its entry has a capital letter.
     static int mapMonth(std::string_view text);
     /// Process-wide. The names that `mapMonth` knows; made on first use.
     // NOLINTNEXTLINE(readability-identifier-naming): an accessor keeps the name of its static.
