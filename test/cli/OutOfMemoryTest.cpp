@@ -55,11 +55,12 @@ protected:
     }
 
     // The last words may follow the report, but no part of it.
+    // Quirk: a message system without memory ends the run without a word.
     void expectFailure(bool isForGood) const {
         std::string words = scratch.read("stdout");
         if (words.starts_with(report)) words.erase(0, report.size());
-        const bool isOtherText =
-            words.starts_with("STD ERROR: ") || words == "Error: File Validation Failed\n";
+        const bool isOtherText = words.empty() || words.starts_with("STD ERROR: ") ||
+                                 words == "Error: File Validation Failed\n";
         EXPECT_TRUE(words == "ERROR: OUT OF MEMORY\n" || (isOtherText && !isForGood)) << words;
     }
 
@@ -69,7 +70,8 @@ protected:
             SCOPED_TRACE(failing);
             const int status = run(failing, isForGood ? INT_MAX : failing);
             if (scratch.read("stderr").empty()) break;  // There were not so many.
-            if (status == 0 && !isForGood) {
+            // All may be reported before memory is gone.
+            if (status == 0) {
                 expectAllIsReported();
             } else {
                 EXPECT_EQ(status, 4);
