@@ -29,7 +29,7 @@ public:
     /// be small. Without a "P" the span is zero; all before the first one is ignored.
     ///
     /// The text is not checked. Characters that mean nothing here are skipped and do not end a
-    /// number, so "P1W2D" is 12 days; a number without a letter counts for nothing. A fraction is
+    /// number, so "P1W2D" is 12 days; a number without a letter is ignored. A fraction is
     /// read in seconds only.
     /// Quirk: years and months replace earlier ones; the other parts add up.
     /// Quirk: a "T" does not end a number, so "P5T3H" is 53 hours.

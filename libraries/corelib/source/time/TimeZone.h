@@ -35,7 +35,7 @@ enum DSTNearness : std::int32_t {
 ///   zone   = offset [ " (" shift " " rule "-" rule ")" ]      "+01:00 (+01:00 3M5W6D2H-10M5W6D3H)"
 ///   offset = shift = ( "+" | "-" ) hh ":" mm
 ///
-/// All lengths are in milliseconds, offsets east of GMT. Two things are told apart: `isSet` says
+/// All lengths are in milliseconds, offsets east of GMT. There are two questions: `isSet` says
 /// whether anybody has given this object a zone, `isValid` whether its fields make a zone. Nothing
 /// throws: a bad text gives an offset of 0 or a zone without daylight saving.
 ///
