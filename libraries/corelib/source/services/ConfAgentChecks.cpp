@@ -1,9 +1,8 @@
-// The operations that read an entry and check its value.
+#include "libraries/corelib/source/services/ConfAgentChecks.h"
 
 #include "libraries/corelib/source/diagnostics/DiagnosticsMessages.h"
 #include "libraries/corelib/source/diagnostics/SourceText.h"
 #include "libraries/corelib/source/match/GlobMatcher.h"
-#include "libraries/corelib/source/services/ConfAgent.h"
 #include "libraries/corelib/source/services/ConfAgentMessages.h"
 #include "libraries/corelib/source/text/StringToolsEdit.h"
 #include "libraries/corelib/source/text/StringToolsSplit.h"
@@ -46,11 +45,11 @@ std::string shown(const TimeSpan& span) {
 template <class Value>
 void requireWithin(const std::string& key, const Value& value, const Value& min, const Value& max) {
     if (isWithin(value, min, max)) return;
-    throw made<ConfAgent::Test_ValueOutOfRange>(messages::testValueOutOfRange, here(), key,
-                                                shown(value), shown(min), shown(max));
+    throw made<ConfAgentChecks::Test_ValueOutOfRange>(messages::testValueOutOfRange, here(), key,
+                                                      shown(value), shown(min), shown(max));
 }
 
-bool anyMatches(const ConfAgent::Texts& texts, const std::string& glob) {
+bool anyMatches(const ConfAgentChecks::Texts& texts, const std::string& glob) {
     return std::any_of(texts.begin(), texts.end(),
                        [&glob](const std::string& text) { return GlobMatcher::match(text, glob); });
 }
@@ -65,7 +64,7 @@ PathKind kindOf(const std::string& path) {
 
 }  // namespace
 
-void ConfAgent::test(const std::string& key, std::int32_t type, void* value) const {
+void ConfAgentChecks::test(const std::string& key, std::int32_t type, void* value) const {
     try {
         read(key, type, value);
     } catch (const Query_OutOfMemory& cause) {
@@ -81,28 +80,28 @@ void ConfAgent::test(const std::string& key, std::int32_t type, void* value) con
     }
 }
 
-void ConfAgent::testInt(const std::string& key, long long min, long long max) const {
+void ConfAgentChecks::testInt(const std::string& key, long long min, long long max) const {
     requireWithin(key, tested<IntValue>(key), min, max);
 }
 
-void ConfAgent::testUInt(const std::string& key, unsigned long long min,
-                         unsigned long long max) const {
+void ConfAgentChecks::testUInt(const std::string& key, unsigned long long min,
+                               unsigned long long max) const {
     requireWithin(key, tested<UIntValue>(key), min, max);
 }
 
-void ConfAgent::testFloat(const std::string& key, double min, double max) const {
+void ConfAgentChecks::testFloat(const std::string& key, double min, double max) const {
     requireWithin(key, tested<FloatValue>(key), min, max);
 }
 
-void ConfAgent::testString(const std::string& key, const std::string& glob) const {
+void ConfAgentChecks::testString(const std::string& key, const std::string& glob) const {
     const std::string value = tested<StringValue>(key);
     if (!GlobMatcher::match(value, glob))
         throw made<Test_ValueNotMatchingGlob>(messages::testValueNotMatchingGlob, here(), key,
                                               value, glob);
 }
 
-void ConfAgent::testStringOptions(const std::string& key,
-                                  const std::set<std::string>& options) const {
+void ConfAgentChecks::testStringOptions(const std::string& key,
+                                        const std::set<std::string>& options) const {
     const std::string value = tested<StringValue>(key);
     std::string word = value;
     if (!options.contains(StringTools::lower(word)))
@@ -110,16 +109,17 @@ void ConfAgent::testStringOptions(const std::string& key,
                                         StringTools::join(options, listSeparator));
 }
 
-void ConfAgent::testTime(const std::string& key, const DateTime& min, const DateTime& max) const {
+void ConfAgentChecks::testTime(const std::string& key, const DateTime& min,
+                               const DateTime& max) const {
     requireWithin(key, tested<DateTimeValue>(key), min, max);
 }
 
-void ConfAgent::testTimeSpan(const std::string& key, const TimeSpan& min,
-                             const TimeSpan& max) const {
+void ConfAgentChecks::testTimeSpan(const std::string& key, const TimeSpan& min,
+                                   const TimeSpan& max) const {
     requireWithin(key, tested<TimeSpanValue>(key), min, max);
 }
 
-void ConfAgent::testDir(const std::string& key, ExistenceCheck check) const {
+void ConfAgentChecks::testDir(const std::string& key, ExistenceCheck check) const {
     const std::string path = tested<DirValue>(key);
     if (kindOf(path) == PathKind::Dir) return;
     if (check == MustExist)
@@ -129,7 +129,7 @@ void ConfAgent::testDir(const std::string& key, ExistenceCheck check) const {
                                               key);
 }
 
-void ConfAgent::testFile(const std::string& key, ExistenceCheck check) const {
+void ConfAgentChecks::testFile(const std::string& key, ExistenceCheck check) const {
     const std::string path = tested<FileValue>(key);
     if (kindOf(path) == PathKind::File) return;
     if (check == MustExist)
@@ -139,8 +139,8 @@ void ConfAgent::testFile(const std::string& key, ExistenceCheck check) const {
                                                key);
 }
 
-void ConfAgent::testList(const std::string& key, bool allowEmpty, const Texts& requiredAll,
-                         const Texts& requiredAny) const {
+void ConfAgentChecks::testList(const std::string& key, bool allowEmpty, const Texts& requiredAll,
+                               const Texts& requiredAny) const {
     const Texts texts = tested<ListValue>(key);
     if (texts.empty() && !allowEmpty)
         throw made<Test_EmptyList>(messages::testEmptyList, here(), key);
@@ -157,14 +157,15 @@ void ConfAgent::testList(const std::string& key, bool allowEmpty, const Texts& r
                                                     key);
 }
 
-void ConfAgent::testSubEntries(const std::string& key, std::size_t min, std::size_t max) const {
+void ConfAgentChecks::testSubEntries(const std::string& key, std::size_t min,
+                                     std::size_t max) const {
     const std::size_t count = tested<SubEntriesValue>(key).size();
     if (!isWithin(count, min, max))
         throw made<Test_InvalidNumberOfSubs>(messages::testInvalidNumberOfSubs, here(), key, count,
                                              min, max);
 }
 
-void ConfAgent::testSubEntries(const std::string& key, const Texts& required) const {
+void ConfAgentChecks::testSubEntries(const std::string& key, const Texts& required) const {
     const Texts names = tested<SubEntriesValue>(key);
     Texts missing = required;
     missing.remove_if([&names](const std::string& name) {
