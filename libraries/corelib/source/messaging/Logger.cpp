@@ -56,9 +56,14 @@ Logger::Logger(std::string_view name, ImsAgent* target)
 }
 
 Logger::~Logger() {
-    if (hookId == 0) return;
+    removeLevelHook();
+}
+
+void Logger::removeLevelHook() noexcept {
+    const unsigned long long removed = std::exchange(hookId, 0);
+    if (removed == 0) return;
     try {
-        removeMessageHook(hookId);
+        removeMessageHook(removed);
     } catch (...) {
         // Out of memory; the hook is marked as removed by then.
     }

@@ -59,6 +59,9 @@ public:
     Logger& operator=(const Logger&) = delete;
     ~Logger() override;
 
+    /// From now on messages do not set its level.
+    void removeLevelHook() noexcept;
+
     /// Messages ("debug", "level", number) set the level of this logger, up to `MainLevel`; other
     /// numbers change nothing. What is no number is 0, which silences it.
     int handleMessage(const ImsMessage& message) override;

@@ -30,11 +30,14 @@ void createLogger() {
     }
 }
 
-// The logger dies outside of the lock: it removes its hook, which may log.
+// The logger dies outside of the lock, but its hook goes within: a thread that makes the next
+// logger may send messages at once, and none of them may reach this one.
 void destroyLogger() {
     std::unique_ptr<Logger> last;
     const ThreadLockGuard held(*sharedLock);
-    if (--LogInstances == 0) last.reset(Log.exchange(nullptr));
+    if (--LogInstances > 0) return;
+    last.reset(Log.exchange(nullptr));
+    if (last) last->removeLevelHook();
 }
 
 }  // namespace TarvikCorelib
