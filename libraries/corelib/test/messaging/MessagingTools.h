@@ -2,44 +2,47 @@
 #pragma once
 
 #include "libraries/corelib/source/messaging/Ims.h"
-#include "libraries/corelib/source/messaging/ImsAgent.h"
 #include "libraries/corelib/source/messaging/Logger.h"
 #include "test/support/CorelibStateGuard.h"
+
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <future>
 #include <latch>
-#include <list>
-#include <memory>
 #include <mutex>
-#include <string>
-#include <string_view>
 #include <thread>
 #include <utility>
-#include <vector>
 
-namespace tarvik_test {
+namespace TarvikCorelib {
 
 /// Notes each message as its own name, the id of the hook and the message type, such as "a1m ", or
-/// "a-m " for one that was sent to it alone.
-class RecordingAgent : public TarvikCorelib::ImsAgent {
+/// "a-m " for one that was sent to it alone. Of a log record that begins with `prefix` it notes the
+/// words and the finished text behind the prefix, on a line.
+class RecordingAgent : public ImsAgent {
 public:
-    RecordingAgent(const std::string& name, TarvikCorelib::Ims& system, std::string& seen)
+    RecordingAgent(const std::string& name, Ims& system, std::string& seen)
         : ImsAgent(name, system), seen(seen) {}
-    int handleMessage(const TarvikCorelib::ImsMessage& message) override {
-        return note("-", message);
-    }
-    int hookMessage(unsigned long long id, const TarvikCorelib::ImsMessage& message) override {
+    int handleMessage(const ImsMessage& message) override { return note("-", message); }
+    int hookMessage(unsigned long long id, const ImsMessage& message) override {
         return note(std::to_string(id), message);
     }
 
     int status = MsgIgnored;  ///< What it answers.
-    std::function<void(const TarvikCorelib::ImsMessage&)> action;
+    std::function<void(const ImsMessage&)> action;
+    std::string prefix;
 
 private:
-    int note(const std::string& how, const TarvikCorelib::ImsMessage& message) {
+    int note(const std::string& how, const ImsMessage& message) {
+        std::string text = getAgentName() + how + message.messageType + " ";
+        if (auto* record = dynamic_cast<Logger::LogMessageParameter*>(message.parameter)) {
+            text = record->params.format(record->text) + "\n";
+            const bool isWanted = text.starts_with(prefix);
+            text.replace(0, prefix.size(), message.groupType + message.messageType + " ");
+            if (!isWanted) text.clear();
+        }
         std::unique_lock held(Noting);
-        seen += getAgentName() + how + message.messageType + " ";
+        seen += text;
         held.unlock();
         if (action) action(message);
         return status;
@@ -49,51 +52,49 @@ private:
     std::string& seen;
 };
 
-/// Hears all log records of the process, those of level flood too. Of those that begin with a
-/// prefix it keeps the levels and the finished texts without it, one a line.
-class LogListener : public TarvikCorelib::ImsAgent {
-public:
-    explicit LogListener(std::string_view prefix) : ImsAgent("logger"), prefix(prefix) {
-        TarvikCorelib::Logger::MainLevel = TarvikCorelib::Logger::Flood;
-        TarvikCorelib::Ims::sendDefault({"debug", "level", "8"});
-        hook = setMessageHook(false, "debug", "", "", TarvikCorelib::HookTypeNormal);
-        heard.clear();
+/// Three agents on a system of their own, and one for the log.
+class MessagingTest : public testing::Test {
+protected:
+    void TearDown() override {
+        log.action = {};
+        log.removeMessageHook(logHook);
     }
-    LogListener(const LogListener&) = delete;
-    LogListener& operator=(const LogListener&) = delete;
-    ~LogListener() override {
-        removeMessageHook(hook);
-        TarvikCorelib::Ims::sendDefault({"debug", "level", "7"});
+    auto hook(RecordingAgent& agent, const char* glob = "", HookType type = HookTypeNormal,
+              bool onlyOnce = false) {
+        return ims.setMessageHook(agent, onlyOnce, "", "", glob, nullptr, type);
     }
-    int hookMessage(unsigned long long /*id*/, const TarvikCorelib::ImsMessage& message) override {
-        auto& record =
-            dynamic_cast<TarvikCorelib::Logger::LogMessageParameter&>(*message.parameter);
-        const std::string text = record.params.format(record.text);
-        if (text.starts_with(prefix))
-            heard += message.messageType + " " + text.substr(prefix.size()) + "\n";
-        if (action) action();
-        return MsgHandled;
+    /// From now on all log records of the process are heard, those of level flood too.
+    void listen(const char* prefix) {
+        Logger::MainLevel = Logger::Flood;
+        Ims::sendDefault({"debug", "level", "8"});
+        logHook = log.setMessageHook(false, "debug", "", "", HookTypeNormal);
+        log.prefix = prefix;
+        seen.clear();
     }
-    std::string take() { return std::exchange(heard, ""); }
+    std::string take() { return std::exchange(seen, ""); }
 
-    std::function<void()> action;
-
-private:
-    CorelibStateGuard guard;
-    std::string prefix;
-    std::string heard;
-    unsigned long long hook = 0;
+    tarvik_test::CorelibStateGuard guard;
+    Ims ims;
+    Ims elsewhere;
+    ImsMessage message{"g", "r", "m"};
+    std::string seen;
+    RecordingAgent a{"a", ims, seen};
+    RecordingAgent b{"b", ims, seen};
+    RecordingAgent c{"c", ims, seen};
+    RecordingAgent log{"logger", Ims::getDefaultMessageSystem(), seen};
+    unsigned long long logHook = 0;
 };
 
-/// Runs a function on several threads, which begin together, and waits for them.
+/// Calls a function again and again on several threads, which begin together, and waits for them.
 template <class Function>
-void onThreads(int count, Function function) {
+void onThreads(int count, int rounds, Function function) {
     std::latch start(count);
     std::list<std::jthread> threads;
     for (int number = 0; number < count; ++number)
-        threads.emplace_back([&start, &function, number] {
+        threads.emplace_back([=, &start, &function] {
             start.arrive_and_wait();
-            function(number);
+            for (int round = 0; round < rounds; ++round)
+                function(number);
         });
 }
 
@@ -103,4 +104,4 @@ auto onAnotherThread(Function function) {
     return std::async(std::launch::async, function).get();
 }
 
-}  // namespace tarvik_test
+}  // namespace TarvikCorelib

@@ -3,47 +3,41 @@
 #include "libraries/corelib/source/text/StringToolsEdit.h"
 #include "libraries/corelib/test/messaging/MessagingTools.h"
 
-#include <gtest/gtest.h>
-
 #include <pthread.h>
 #include <unistd.h>
 
 namespace TarvikCorelib {
 namespace {
 
-using tarvik_test::onAnotherThread;
+using ThreadLockTest = MessagingTest;
 
 // The listener uses a lock itself, and throws: neither must show.
-TEST(ThreadLockTest, EachOperationLogsOneChainWhateverASubscriberDoes) {
+TEST_F(ThreadLockTest, EachOperationLogsOneChainWhateverASubscriberDoes) {
     ThreadLock lock;
     ThreadLock listeners;
-    tarvik_test::LogListener log("ThreadLock::");
-    log.action = [&] {
+    listen("ThreadLock::");
+    log.action = [&](const ImsMessage&) {
         EXPECT_TRUE(listeners.lock(true) && listeners.unlock());
         throw 1;
     };
-    const std::string address = testing::PrintToString(static_cast<const void*>(&lock));
-    const auto logged = [&](bool result) {
-        std::string all = (result ? "true\n" : "false\n") + log.take();
-        StringTools::substitute(all, address, "#");
-        return StringTools::substitute(all, std::to_string(gettid()), "ME");
-    };
-    const std::string locking = "8 lock: Going to lock # (non-blocking)\n";
-    const std::string failed = "8 lock: Failed to lock - lock belongs to thread ME\n";
-    const std::string unlocking = "8 unlock: Going to unlock #\n";
-    const std::string refused = "8 unlock: Cannot unlock - locked by other thread ";
-    const std::string nested =
-        "8 unlock: Nested locking (now at level 1 - actual unlock at zero)\n";
     const auto tryTwice = [&] { return lock.lock(29); };
     const auto unlock = [&] { return lock.unlock(); };
-    EXPECT_EQ(logged(unlock()), "false\n" + unlocking + refused + "0\n");
-    EXPECT_EQ(logged(lock.lock(true)),
-              "true\n8 lock: Going to lock # (blocking)\n8 lock: Locked\n");
-    EXPECT_EQ(logged(tryTwice()), "true\n" + locking + "8 lock: Already locked\n");
-    EXPECT_EQ(logged(onAnotherThread(tryTwice)), "false\n" + locking + failed + failed);
-    EXPECT_EQ(logged(onAnotherThread(unlock)), "false\n" + unlocking + refused + "ME\n");
-    EXPECT_EQ(logged(unlock()), "true\n" + unlocking + nested);
-    EXPECT_EQ(logged(unlock()), "true\n" + unlocking + "8 unlock: Unlocked\n");
+    EXPECT_FALSE(unlock());
+    EXPECT_TRUE(lock.lock(true) && tryTwice());
+    EXPECT_FALSE(onAnotherThread(tryTwice) || onAnotherThread(unlock));
+    EXPECT_TRUE(unlock() && unlock());
+    StringTools::substitute(seen, testing::PrintToString(static_cast<const void*>(&lock)), "#");
+    StringTools::substitute(seen, std::to_string(gettid()), "ME");
+    const std::string failed = "debug8 lock: Failed to lock - lock belongs to thread ME\n";
+    const std::string unlocking = "debug8 unlock: Going to unlock #\ndebug8 unlock: ";
+    const std::string refused = unlocking + "Cannot unlock - locked by other thread ";
+    EXPECT_EQ(seen, refused +
+                        "0\ndebug8 lock: Going to lock # (blocking)\ndebug8 lock: Locked\n"
+                        "debug8 lock: Going to lock # (non-blocking)\ndebug8 lock: Already locked\n"
+                        "debug8 lock: Going to lock # (non-blocking)\n" +
+                        failed + failed + refused + "ME\n" + unlocking +
+                        "Nested locking (now at level 1 - actual unlock at zero)\n" + unlocking +
+                        "Unlocked\n");
 }
 
 // Names the private mutex, for the failures that a lock does not meet by itself.
@@ -54,20 +48,20 @@ struct MutexAccess {
 template struct MutexAccess<&ThreadLock::mutex>;
 pthread_mutex_t& mutexOf(ThreadLock& lock);
 
-TEST(ThreadLockTest, AMutexThatFailsIsLoggedAtLevelDebug) {
+TEST_F(ThreadLockTest, AMutexThatFailsIsLoggedAtLevelDebug) {
     ThreadLock lock;
     EXPECT_TRUE(lock.lock(true));
     mutexOf(lock) = PTHREAD_ERRORCHECK_MUTEX_INITIALIZER_NP;  // Nobody holds this one.
-    tarvik_test::LogListener log("ThreadLock::");
+    listen("ThreadLock::");
     EXPECT_FALSE(lock.unlock());
-    EXPECT_TRUE(log.take().ends_with("\n6 unlock: FAILED TO UNLOCK\n"));
+    EXPECT_TRUE(take().ends_with("\ndebug6 unlock: FAILED TO UNLOCK\n"));
     pthread_mutex_lock(&mutexOf(lock));
     EXPECT_FALSE(lock.lock(true));
-    EXPECT_TRUE(log.take().ends_with("\n6 lock: FAILED TO LOCK\n"));
+    EXPECT_TRUE(take().ends_with("\ndebug6 lock: FAILED TO LOCK\n"));
     pthread_mutex_unlock(&mutexOf(lock));
 }
 
-TEST(ThreadLockTest, ATimeBelowTenMillisecondsFailsEvenForAFreeLockAndForItsOwner) {
+TEST_F(ThreadLockTest, ATimeBelowTenMillisecondsFailsEvenForAFreeLockAndForItsOwner) {
     ThreadLock lock;
     for (const char* const state : {"free", "held"}) {
         EXPECT_FALSE(lock.lock(0) || lock.lock(9) || lock.lock(-10)) << state;
@@ -76,33 +70,26 @@ TEST(ThreadLockTest, ATimeBelowTenMillisecondsFailsEvenForAFreeLockAndForItsOwne
     EXPECT_TRUE(lock.unlock() && lock.unlock());
 }
 
-TEST(ThreadLockTest, AForkedChildIsNoOwner) {
-    ThreadLock lock;
-    EXPECT_TRUE(lock.lock(true));
-    EXPECT_EXIT(_exit(lock.lock(false) || lock.unlock()), testing::ExitedWithCode(0), "");
-    EXPECT_TRUE(lock.unlock());
-}
-
+// The first user comes ahead of its construction.
 extern ThreadLock usedEarly;
 const bool wasUsedEarly = usedEarly.lock(true) && usedEarly.unlock();
 constinit ThreadLock usedEarly;
 
-TEST(ThreadLockTest, AStaticLockWorksAheadOfItsConstruction) {
-    EXPECT_TRUE(wasUsedEarly && usedEarly.lock(false) && usedEarly.unlock());
+TEST_F(ThreadLockTest, AForkedChildIsNoOwnerEvenOfAStaticLockThatWasUsedEarly) {
+    EXPECT_TRUE(wasUsedEarly && usedEarly.lock(false));
+    EXPECT_EXIT(_exit(usedEarly.lock(false) || usedEarly.unlock()), testing::ExitedWithCode(0), "");
+    EXPECT_TRUE(usedEarly.unlock());
 }
 
-TEST(ThreadLockTest, ManyFirstUsersOfALockKeepEachOtherOut) {
+TEST_F(ThreadLockTest, ManyFirstUsersOfALockKeepEachOtherOut) {
     for (int repeat = 0; repeat < 100; ++repeat) {
         ThreadLock lock;
         int sum = 0;
-        tarvik_test::onThreads(4, [&](int /*number*/) {
-            for (int round = 0; round < 100; ++round) {
-                lock.lock(true);
-                ++sum;
-                lock.unlock();
-            }
+        onThreads(4, 1000, [&](int /*number*/) {
+            if (lock.lock(true)) ++sum;
+            lock.unlock();
         });
-        EXPECT_EQ(sum, 400);
+        EXPECT_EQ(sum, 4000);
     }
 }
 
