@@ -3,8 +3,14 @@
 #include "libraries/corelib/source/diagnostics/NoDestructor.h"
 #include "libraries/corelib/source/messaging/ThreadLock.h"
 #include "libraries/corelib/source/process/EnvTools.h"
+#include "libraries/corelib/source/text/StringTools.h"
 
+#include <sys/stat.h>
 #include <sys/utsname.h>
+
+#include <array>
+#include <bit>
+#include <string_view>
 
 namespace TarvikCorelib {
 
@@ -14,6 +20,54 @@ constexpr const char* instanceVariable = "tarvik_application_instance";
 
 // For the table and for `DetailsObtained`.
 constinit NoDestructor<ThreadLock> detailsLock;
+
+enum class Place { Home, Temporary, Fixed };
+
+struct Directory {
+    std::string_view word;
+    SystemTools::DirCode code;
+    Place place;
+    const char* path = "";
+};
+
+constexpr auto directories = std::to_array<Directory>({
+    {"cur_personal", SystemTools::DirCurPersonal, Place::Home},
+    {"cur_desktop", SystemTools::DirCurDesktop, Place::Temporary},
+    {"cur_appdata", SystemTools::DirCurAppData, Place::Temporary},
+    {"cur_startmenu", SystemTools::DirCurStartMenu, Place::Temporary},
+    {"cur_startmenu_programs", SystemTools::DirCurStartMenuPrograms, Place::Temporary},
+    {"cur_startmenu_startup", SystemTools::DirCurStartMenuStartup, Place::Temporary},
+    {"cur_temp", SystemTools::DirCurTemp, Place::Temporary},
+    {"all_documents", SystemTools::DirAllDocuments, Place::Home},
+    {"all_startmenu", SystemTools::DirAllStartMenu, Place::Home},
+    {"all_startmenu_programs", SystemTools::DirAllStartMenuPrograms, Place::Home},
+    {"all_startmenu_startup", SystemTools::DirAllStartMenuStartup, Place::Home},
+    {"all_desktop", SystemTools::DirAllDesktop, Place::Home},
+    {"all_appdata", SystemTools::DirAllAppData, Place::Home},
+    {"sys_fonts", SystemTools::DirSysFonts, Place::Fixed, "/"},
+    {"sys_windows", SystemTools::DirSysWindows, Place::Fixed, "/"},
+    {"sys_system", SystemTools::DirSysSystem, Place::Fixed, "/"},
+    {"sys_programs", SystemTools::DirSysPrograms, Place::Fixed, "/sbin"},
+    {"sys_programs_common", SystemTools::DirSysProgramsCommon, Place::Fixed, "/bin"},
+    {"sys_temp", SystemTools::DirSysTemp, Place::Fixed, "/tmp"},
+});
+
+bool isDirectory(const std::string& path) {
+    struct stat properties {};
+    return stat(path.c_str(), &properties) == 0 && S_ISDIR(properties.st_mode);
+}
+
+std::string homeDir() {
+    std::string home;
+    EnvTools::get("HOME", home);
+    return home;
+}
+
+// One of the user's own, if there is one.
+std::string temporaryDir() {
+    const std::string own = homeDir() + "/tmp";
+    return isDirectory(own) ? own : "/tmp";
+}
 
 }  // namespace
 
@@ -51,6 +105,24 @@ std::string SystemTools::getAppInstance() {
     return EnvTools::get(instanceVariable, instance) ? instance : "0";
 }
 
+SystemTools::DirCode SystemTools::mapDirCode(const std::string& word) {
+    std::string wanted = word;
+    StringTools::lower(wanted);
+    for (const Directory& row : directories) {
+        if (row.word == wanted) return row.code;
+    }
+    return DirUnknown;
+}
+
+std::string SystemTools::obtainDir(DirCode code) {
+    for (const Directory& row : directories) {
+        if (row.code != code) continue;
+        if (row.place == Place::Fixed) return row.path;
+        return row.place == Place::Home ? homeDir() : temporaryDir();
+    }
+    return {};
+}
+
 void SystemTools::resetDetails() {
     const ThreadLockGuard held(*detailsLock);
     details().clear();
@@ -67,6 +139,7 @@ void SystemTools::obtainDetails() {
     utsname names{};
     uname(&names);
     details()[DetailHostName] = static_cast<const char*>(names.nodename);
+    details()[DetailByteOrder] = std::endian::native == std::endian::little ? "little" : "big";
     DetailsObtained = true;
 }
 

@@ -36,8 +36,32 @@ public:
         DetailByteOrder = 18,
     };
 
+    /// The known directories, each with its word.
+    enum DirCode : std::int32_t {
+        DirUnknown = 0,
+        DirCurPersonal = 1,
+        DirCurDesktop = 2,
+        DirCurAppData = 3,
+        DirCurStartMenu = 4,
+        DirCurStartMenuPrograms = 5,
+        DirCurStartMenuStartup = 6,
+        DirCurTemp = 7,
+        DirAllDocuments = 8,
+        DirAllStartMenu = 9,
+        DirAllStartMenuPrograms = 10,
+        DirAllStartMenuStartup = 11,
+        DirAllDesktop = 12,
+        DirAllAppData = 13,
+        DirSysFonts = 14,
+        DirSysWindows = 15,
+        DirSysSystem = 16,
+        DirSysPrograms = 17,
+        DirSysProgramsCommon = 18,
+        DirSysTemp = 19,
+    };
+
     /// Blank for a fact that is not known. So far these are known: the first two, which are set by
-    /// the application, and the host name.
+    /// the application, the host name, and the byte order, "little" or "big".
     static std::string obtain(DetailCode code);
     /// The flag has no effect.
     static std::string getHostName(bool withDomain);
@@ -47,6 +71,12 @@ public:
     static void setAppInstance(const std::string& instance);
     /// The instance that was set, else the one in the environment, else "0".
     static std::string getAppInstance();
+
+    /// The code of a word such as "cur_temp", in any case.
+    static DirCode mapDirCode(const std::string& word);
+    /// Without a slash at the end. Blank for a code that is not known, and for a directory that
+    /// `HOME` gives if it is not set. The environment is asked each time.
+    static std::string obtainDir(DirCode code);
 
     /// Forgets all facts, also those that were set. The environment stays as it is.
     static void resetDetails();
