@@ -2,11 +2,13 @@
 #pragma once
 
 #include "libraries/corelib/source/diagnostics/Exception.h"
+#include "libraries/corelib/source/diagnostics/Template.h"
 
 #include <algorithm>
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -55,5 +57,12 @@ public:
 private:
     void setName() { name = Name.text.data(); }
 };
+
+/// An exception of a template with its values: `throw made<Failure>(text, here(), name)`.
+template <class Failure, std::size_t Holes, class Char, class... Values>
+Failure made(const Template<Holes, Char>& text, const std::string& location,
+             const Values&... values) {
+    return Failure(text.view(), location, valuesFor(text, values...));
+}
 
 }  // namespace TarvikCorelib
