@@ -8,8 +8,6 @@
 
 namespace TarvikCorelib {
 
-using messages::made;
-
 void ConfAgent::registerKeyword(const std::string& keyword, const std::string& value) const {
     const auto param = allocate<Keyword_OutOfMemory, ConfKeywordParam>(keyword, value);
     ImsMessage message("conf", "keyword", "", param.get());

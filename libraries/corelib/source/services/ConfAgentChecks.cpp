@@ -6,6 +6,8 @@
 #include "libraries/corelib/source/services/ConfAgentMessages.h"
 #include "libraries/corelib/source/text/StringToolsEdit.h"
 #include "libraries/corelib/source/text/StringToolsSplit.h"
+#include "libraries/filelib/source/directory/DirTools.h"
+#include "libraries/filelib/source/directory/FileTools.h"
 
 #include <sys/stat.h>
 
@@ -15,8 +17,6 @@
 namespace TarvikCorelib {
 
 namespace {
-
-using messages::made;
 
 constexpr std::string_view listSeparator = ", ";
 
@@ -60,6 +60,19 @@ PathKind kindOf(const std::string& path) {
     struct stat facts {};
     if (::stat(path.c_str(), &facts) != 0) return PathKind::Missing;
     return S_ISDIR(facts.st_mode) ? PathKind::Dir : PathKind::File;
+}
+
+// Makes what is missing, with the directories above it. Somebody else may do so meanwhile.
+template <class Failure>
+void makeMissing(const std::string& path, const std::string& key, PathKind kind,
+                 const Template<2>& text, void (*create)(const std::string&)) {
+    try {
+        TarvikFilelib::DirTools::ensureParentExists(path);
+        create(path);
+    } catch (const Exception& cause) {
+        if (kindOf(path) == kind) return;
+        throw Failure(text.view(), here(), valuesFor(text, path, key), cause);
+    }
 }
 
 }  // namespace
@@ -125,8 +138,9 @@ void ConfAgentChecks::testDir(const std::string& key, ExistenceCheck check) cons
     if (check == MustExist)
         throw made<Test_DirMustExist>(messages::testDirMustExist, here(), path, key);
     if (check == CreateIfMissing)
-        throw made<Test_DirCouldNotBeCreated>(messages::testDirCouldNotBeCreated, here(), path,
-                                              key);
+        makeMissing<Test_DirCouldNotBeCreated>(path, key, PathKind::Dir,
+                                               messages::testDirCouldNotBeCreated,
+                                               &TarvikFilelib::DirTools::createDir);
 }
 
 void ConfAgentChecks::testFile(const std::string& key, ExistenceCheck check) const {
@@ -135,8 +149,9 @@ void ConfAgentChecks::testFile(const std::string& key, ExistenceCheck check) con
     if (check == MustExist)
         throw made<Test_FileMustExist>(messages::testFileMustExist, here(), path, key);
     if (check == CreateIfMissing)
-        throw made<Test_FileCouldNotBeCreated>(messages::testFileCouldNotBeCreated, here(), path,
-                                               key);
+        makeMissing<Test_FileCouldNotBeCreated>(path, key, PathKind::File,
+                                                messages::testFileCouldNotBeCreated,
+                                                &TarvikFilelib::FileTools::createFile);
 }
 
 void ConfAgentChecks::testList(const std::string& key, bool allowEmpty, const Texts& requiredAll,

@@ -57,7 +57,7 @@ public:
     /// What is expected of a path; any other number expects nothing.
     enum ExistenceCheck : std::int32_t { MustExist = 0, CreateIfMissing = 1, NoCheck = 2 };
     /// Links are followed; a file in the place of a directory is a missing directory, and the other
-    /// way round. There is no creating yet: what is missing cannot be created.
+    /// way round. `CreateIfMissing` makes an empty one, with the directories above it.
     void testDir(const std::string& key, ExistenceCheck check) const;
     void testFile(const std::string& key, ExistenceCheck check) const;
 

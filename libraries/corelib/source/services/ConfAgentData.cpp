@@ -7,8 +7,6 @@
 
 namespace TarvikCorelib {
 
-using messages::made;
-
 std::string ConfAgent::getData(const std::string& bank, const std::string& key) const {
     return queryData("string", bank, key).text;
 }

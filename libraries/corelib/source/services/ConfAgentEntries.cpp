@@ -17,7 +17,6 @@ namespace TarvikCorelib {
 
 namespace {
 
-using messages::made;
 using TarvikTables::Keyword;
 
 constexpr auto typeNames = std::to_array<Keyword>({

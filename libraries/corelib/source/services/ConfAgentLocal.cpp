@@ -10,8 +10,6 @@
 
 namespace TarvikCorelib {
 
-using messages::made;
-
 std::string ConfAgent::getSystem(const std::string& key) const {
     std::string value;
     SystemQueryParam param(key, SystemQueryParam::SystemText, &value, 0);

@@ -125,11 +125,4 @@ inline constexpr Template<2> testMissingRequiredSub =
     "@conf-agent.test.missing-required-sub{Configuration entry \"%\" are missing the following "
     "required sub-entries: %};";
 
-/// An exception of a template with its values: `throw made<Failure>(text, here(), key)`.
-template <class Failure, std::size_t Holes, class Char, class... Values>
-Failure made(const Template<Holes, Char>& text, const std::string& location,
-             const Values&... values) {
-    return Failure(text.view(), location, valuesFor(text, values...));
-}
-
 }  // namespace TarvikCorelib::messages

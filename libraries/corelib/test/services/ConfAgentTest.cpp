@@ -180,6 +180,18 @@ TEST(ConfAgentTest, AnOperationAsksTheServiceOrThrows) {
     EXPECT_EQ(used.size(), operations.size());
 }
 
+TEST(ConfAgentTest, AMissingDirectoryOrFileIsMadeWithTheDirectoriesAboveIt) {
+    const tarvik_test::TempDir dir;
+    {
+        const Service service(0, dir.path() + "/a/b");
+        ConfAgent().testDir("k", ConfAgent::CreateIfMissing);
+        ConfAgent().testDir("k", ConfAgent::MustExist);
+    }
+    const Service service(0, dir.path() + "/c/d");
+    ConfAgent().testFile("k", ConfAgent::CreateIfMissing);
+    ConfAgent().testFile("k", ConfAgent::MustExist);
+}
+
 template <class Value>
 concept Flag = requires(Agent agent, Value value) {
     agent.setBool("k", value);
