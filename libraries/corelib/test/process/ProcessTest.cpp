@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
+#include <tuple>
 
 namespace TarvikCorelib {
 namespace {
@@ -23,34 +23,26 @@ TEST(ProcessTest, AMissingVariableEmptiesTheValue) {
     EXPECT_FALSE(EnvTools::set("A=B", "new"));
 }
 
-struct StopCase {
-    const char* name;
-    void (*stop)();
-    std::int32_t code;
-};
-
-constexpr auto stops = std::to_array<StopCase>({
-    {"quit", [] { GlobalData::quit("first"); }, 1},
-    {"restart", [] { GlobalData::restart("first"); }, 2},
-    {"signal", [] { GlobalData::setSignal(15, "first"); }, 3},
-});
-
 TEST(ProcessTest, TheFirstStopWins) {
-    for (const StopCase& row : stops) {
+    using Row = std::tuple<const char*, void (*)(), std::int32_t>;
+    for (const auto& [name, stop, code] :
+         {Row{"quit", [] { GlobalData::quit("first"); }, 1},
+          {"restart", [] { GlobalData::restart("first"); }, 2},
+          {"signal", [] { GlobalData::setSignal(15, "first"); }, 3}}) {
         std::string reason = "unchanged";
-        EXPECT_FALSE(GlobalData::mustQuit(reason)) << row.name;
-        EXPECT_EQ(reason, "unchanged") << row.name;
-        row.stop();
+        EXPECT_FALSE(GlobalData::mustQuit(reason)) << name;
+        EXPECT_EQ(reason, "unchanged") << name;
+        stop();
         GlobalData::restart("second");
         GlobalData::quit("second");
         GlobalData::setSignal(2, "second");
-        EXPECT_TRUE(GlobalData::mustQuit(reason)) << row.name;
-        EXPECT_EQ(reason, "first") << row.name;
-        EXPECT_EQ(GlobalData::SCode, row.code) << row.name;
+        EXPECT_TRUE(GlobalData::mustQuit(reason)) << name;
+        EXPECT_EQ(reason, "first") << name;
+        EXPECT_EQ(GlobalData::SCode, code) << name;
         EXPECT_EQ(GlobalData::Signal, 0) << "the number of a signal is not stored";
         GlobalData::Signal = 15;
         GlobalData::reset();
-        EXPECT_EQ(GlobalData::SReason, "") << row.name;
+        EXPECT_EQ(GlobalData::SReason, "") << name;
     }
 }
 

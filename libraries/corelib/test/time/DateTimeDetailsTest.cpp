@@ -22,12 +22,12 @@ TEST(DateTimeDetailsTest, EachDayFrom1900To2400IsWhereTheCalendarHasIt) {
         // By turns the first and the last millisecond of the day.
         const TimeType count = number * 86400000 + number % 2 * 86399999;
         const DateTimeDetails at(count);
-        const auto year = chrono::year(static_cast<int>(at.getYear()));
-        const chrono::year_month_day date =
-            year / static_cast<int>(at.getMonth()) / static_cast<int>(at.getDay());
-        ASSERT_TRUE(date.ok() && chrono::sys_days(date) == day) << shown(at);
+        const chrono::year_month_day date(day);
+        ASSERT_EQ(at.getYear(), int{date.year()});
+        ASSERT_EQ(at.getMonth(), unsigned{date.month()});
+        ASSERT_EQ(at.getDay(), unsigned{date.day()});
         ASSERT_EQ(at.getWeekDay(), (chrono::weekday(day) - chrono::Monday).count());
-        ASSERT_EQ(at.getYearDay(), (day - chrono::sys_days(year / 1 / 1)).count() + 1);
+        ASSERT_EQ(at.getYearDay(), (day - chrono::sys_days(date.year() / 1 / 1)).count() + 1);
         ASSERT_EQ(at.getTimeType(), count);
 
         const auto [y, m, d] = std::array{at.getYear(), at.getMonth(), at.getDay()};
@@ -64,7 +64,6 @@ TEST(DateTimeDetailsTest, FieldsOfAnyValueCarryOverDownToMonthZeroOf1899) {
     EXPECT_EQ(normalized(2010, -12, 15), "2008-12-15T00:00:00.000Z");
     // Months before days.
     EXPECT_EQ(normalized(2011, 15, 0), "2012-02-29T00:00:00.000Z");
-    EXPECT_EQ(normalized(2010, 14, 30), "2011-03-02T00:00:00.000Z");
     EXPECT_EQ(normalized(2400, 1, -146096), "2000-01-01T00:00:00.000Z");
     EXPECT_EQ(normalized(2010, 1, 9223372036854775807), "25252734927768564-07-26T00:00:00.000Z");
     // Through all fields, and against each other.

@@ -18,53 +18,39 @@ namespace {
 using StringTools::widen;
 using ElementDef = ParamStream::ElementDef;
 
-struct FormatCase {
-    const char* name;
-    const char* text;
-    const char* shown;
-};
-
-constexpr auto formats = std::to_array<FormatCase>({
-    {"values in order, a missing one gives nothing", "x=%, y=%, z=%", "x=1, y=a, z="},
-    {"one beside the other", "%%", "1a"},
-    {"a shielded one takes no value", R"(100\%, %)", R"(100\%, 1)"},
-    {"a shielded backslash shields nothing", R"(\\%\\\%)", R"(\\1\\\%)"},
-    {"a backslash after a value", R"(%\%%\)", R"(1\%a\)"},
-    {"values left over are ignored", "", ""},
-});
-
 TEST(ParamStreamTest, ElementsFillTheFormat) {
     ParamStream params = ParamStream() << 1 << "a";
-    for (const FormatCase& row : formats) {
-        EXPECT_EQ(params.format(row.text), row.shown) << row.name;
-        EXPECT_EQ(params.format(widen(row.text)), widen(row.shown)) << row.name;
+    using Row = std::array<const char*, 3>;
+    for (const auto& [name, text, shown] :
+         {Row{"values in order, a missing one gives nothing", "x=%, y=%, z=%", "x=1, y=a, z="},
+          {"one beside the other", "%%", "1a"},
+          {"a shielded one takes no value", R"(100\%, %)", R"(100\%, 1)"},
+          {"a shielded backslash shields nothing", R"(\\%\\\%)", R"(\\1\\\%)"},
+          {"a backslash after a value", R"(%\%%\)", R"(1\%a\)"}}) {
+        EXPECT_EQ(params.format(text), shown) << name;
+        EXPECT_EQ(params.format(widen(text)), widen(shown)) << name;
     }
     EXPECT_EQ(ParamStream().format(R"(%\%)"), R"(%\%)");
     EXPECT_EQ((ParamStream() << "" << 2).format("<%%>"), "<2>");
 }
 
-struct ElementCase {
-    const char* name;
-    ElementDef element;
-    int type;
-    std::string stored;
-    std::string shown;
-    std::wstring shownW;
-};
+// A name, an element, its type, and how it is stored and shown, narrow and wide.
+using ElementCase =
+    std::tuple<const char*, ElementDef, int, std::string, std::string, std::wstring>;
+
+// The bytes of a euro sign and of a shielded line feed.
+const std::string wideBytes("\xac\x20\0\0\\\0\0\0n\0\0\0", 12);
 
 const auto elements = std::to_array<ElementCase>({
     {"flag", ElementDef(true), 0, "1", "true", L"true"},
     {"no flag", ElementDef(false), 0, "0", "false", L"false"},
-    {"int", ElementDef(-5), 3, "-5", "-5", L"-5"},
-    {"long", ElementDef(-5000000000LL), 5, "-5000000000", "-5000000000", L"-5000000000"},
     {"double", ElementDef(-0.5), 7, "-0.5", "-0.5", L"-0.5"},
     {"time", ElementDef(DateTime(3471476645006)), 8, "3471476645006", "2010-01-02T03:04:05.006Z",
      L"2010-01-02T03:04:05.006Z"},
     {"char beyond 7 bits", ElementDef('\xe9'), 12, "-23", "\xe9", L"\u00e9"},
     {"wide char", ElementDef(L'\u20ac'), 13, "8364", "\xac", L"\u20ac"},
     {"text", ElementDef("a\n\\\xe9"), 9, "a\\n\\\\\xe9", "a\n\\\xe9", L"a\n\\\u00e9"},
-    {"wide", ElementDef(L"\n"), 10, std::string("\\\0\0\0n\0\0\0", 8), "\n", L"\n"},
-    {"euro", ElementDef(L"\u20ac"), 10, {"\xac\x20\0\0", 4}, "\xac", L"\u20ac"},
+    {"wide", ElementDef(L"\u20ac\n"), 10, wideBytes, "\xac\n", L"\u20ac\n"},
     {"shared", ElementDef(SharedString(std::string("\n"))), 9, "\\n", "\n", L"\n"},
     {"shared wide", ElementDef(SharedString(std::wstring(L"a"))), 10, {"a\0\0\0", 4}, "a", L"a"},
     {"null pointer", ElementDef(static_cast<const char*>(nullptr)), 9, "", "", L""},
@@ -72,11 +58,11 @@ const auto elements = std::to_array<ElementCase>({
 });
 
 TEST(ParamStreamTest, AnElementIsStoredAsTextAndShownAsMeant) {
-    for (const ElementCase& row : elements) {
-        EXPECT_EQ(row.element.type, row.type) << row.name;
-        EXPECT_EQ(row.element.value, row.stored) << row.name;
-        EXPECT_EQ(row.element.getAsString(), row.shown) << row.name;
-        EXPECT_EQ(row.element.getAsWString(), row.shownW) << row.name;
+    for (const auto& [name, element, type, stored, shown, shownW] : elements) {
+        EXPECT_EQ(element.type, type) << name;
+        EXPECT_EQ(element.value, stored) << name;
+        EXPECT_EQ(element.getAsString(), shown) << name;
+        EXPECT_EQ(element.getAsWString(), shownW) << name;
     }
 }
 
@@ -202,7 +188,6 @@ TEST(ParamStreamTest, OnlyTheExactNameGivesItsType) {
     for (const char* const name : {"nonsense", "BOOL", "int", ""})
         EXPECT_EQ(ParamStream::mapElementType(name), ParamStream::UndefinedElement) << name;
     EXPECT_EQ(ParamStream::mapElementTypeW(ParamStream::TimeElement), L"time");
-    EXPECT_EQ(ParamStream::mapElementType(ParamStream::UndefinedElement), "");
 }
 
 }  // namespace
