@@ -108,7 +108,7 @@ bool FileDirectories<Char>::makeDir(const Text& path) {
     return mkdir(systemName(path).c_str(), 0777) == 0;
 }
 
-// Whatever stands in the way shows at the end, so the failures of single steps are of no interest.
+// Whatever stands in the way shows at the end, so no step is checked for itself.
 template <class Char>
 bool FileDirectories<Char>::ensurePath(const Text& path) {
     const std::string name = systemName(path);

@@ -136,8 +136,8 @@ public:
 /// Whatever the suite does with files by their names.
 ///
 /// All operations exist for narrow and for wide texts. Wide names are converted by the process
-/// locale; one that cannot be converted is no file's name, as is one with a NUL. Failures are told
-/// by the result: nothing throws but exhausted memory. No state; safe to use from several threads,
+/// locale; one that cannot be converted is no file's name, as is one with a NUL. The results
+/// show failures: nothing throws but exhausted memory. No state; safe to use from several threads,
 /// but for the current directory, which is one for the process.
 class FileTools : public JoinedFileTools<BasicFileTools<char>, BasicFileTools<wchar_t>> {
 public:

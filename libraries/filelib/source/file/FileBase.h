@@ -15,8 +15,8 @@ namespace TarvikFilelib {
 /// A file of bytes or text. It is closed at first; a failed opening leaves it closed.
 ///
 /// Bytes are read and written as they are in every encoding; only the operations with "Unicode" in
-/// their names, and those that take a `Unicode`, decode and encode. The encoding is told by the
-/// mark at the start of a file and by nothing else.
+/// their names, and those that take a `Unicode`, decode and encode. The mark at the start of a
+/// file gives its encoding, and nothing else does.
 ///
 /// A file open for both reads on where it has just written, and the reverse. Only one that appends
 /// has two positions: writing then leaves the one for reading alone.
@@ -84,11 +84,11 @@ public:
     /// In bytes from the start: 0 for a closed file, -1 for a pipe.
     virtual long long getCurBytePos() const = 0;
     /// The line feeds passed since the opening by `read()` and the `readUntil` family.
-    /// Quirk: one that is looked at when the encoding is told counts once more when it is read.
+    /// Quirk: one that is read to find the encoding counts once more when it is read again.
     virtual unsigned long long getNumLinesRead() const;
     virtual unsigned long long getNumLinesReadBeforeLastRead() const;
     /// Throw `SetName_FileOpen` and `SetEncoding_FileOpen` on an open file. The encoding stays for
-    /// all later openings; only an unknown one is told afresh.
+    /// all later openings; only an unknown one is looked for again.
     virtual void setName(const std::string& newName);
     virtual void setEncoding(Unicode::UnicodeEncoding newEncoding);
 

@@ -142,7 +142,7 @@ TEST_F(DirToolsTest, NothingIsLostToACopyOntoItself) {
     EXPECT_EQ(content("target.cpytmp/sub/a") + content("target/sub/a"), "newold");
 }
 
-// Writes down what it is told, and gives one answer to all questions.
+// Writes down the reports, and gives one answer to all questions.
 struct Notes : ProgressReporter {
     void reportOperationStart(const std::string& name, unsigned long long total) override {
         text += "+" + name + std::to_string(total) + " ";

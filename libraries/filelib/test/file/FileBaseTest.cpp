@@ -88,11 +88,11 @@ TEST(FileBaseTest, OnlyAMarkTellsTheEncodingAndIsPassedOver) {
             EXPECT_EQ(rest, bytes.substr(position)) << name;
         }
     }
-    BasicFile stub(directory.write("stub", "\xEF\xBB"));
-    EXPECT_EQ(messageOf([&] { stub.openIn(); }),
+    BasicFile cutOff(directory.write("cut-off", "\xEF\xBB"));
+    EXPECT_EQ(messageOf([&] { cutOff.openIn(); }),
               "SetBytePos_Failure: Failed to set position = -3 (move)");
-    EXPECT_EQ(stub.getState(), 0);
-    File packed(directory.write("stub.gz", "\xEF\xBB"));
+    EXPECT_EQ(cutOff.getState(), 0);
+    File packed(directory.write("cut-off.gz", "\xEF\xBB"));
     packed.openIn();
     EXPECT_EQ(packed.getCurBytePos(), -1) << "looked for once, not once more by the facade";
 }
