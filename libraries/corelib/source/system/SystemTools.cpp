@@ -1,16 +1,8 @@
 #include "libraries/corelib/source/system/SystemTools.h"
 
-#include "libraries/corelib/source/diagnostics/NoDestructor.h"
-#include "libraries/corelib/source/messaging/ThreadLock.h"
 #include "libraries/corelib/source/process/EnvTools.h"
-#include "libraries/corelib/source/text/StringTools.h"
-
-#include <sys/stat.h>
-#include <sys/utsname.h>
-
-#include <array>
-#include <bit>
-#include <string_view>
+#include "libraries/corelib/source/system/HostFacts.h"
+#include "libraries/corelib/source/text/StringToolsEdit.h"
 
 namespace TarvikCorelib {
 
@@ -18,67 +10,33 @@ namespace {
 
 constexpr const char* instanceVariable = "tarvik_application_instance";
 
-// For the table and for `DetailsObtained`.
-constinit NoDestructor<ThreadLock> detailsLock;
-
-enum class Place { Home, Temporary, Fixed };
-
-struct Directory {
-    std::string_view word;
-    SystemTools::DirCode code;
-    Place place;
-    const char* path = "";
-};
-
-constexpr auto directories = std::to_array<Directory>({
-    {"cur_personal", SystemTools::DirCurPersonal, Place::Home},
-    {"cur_desktop", SystemTools::DirCurDesktop, Place::Temporary},
-    {"cur_appdata", SystemTools::DirCurAppData, Place::Temporary},
-    {"cur_startmenu", SystemTools::DirCurStartMenu, Place::Temporary},
-    {"cur_startmenu_programs", SystemTools::DirCurStartMenuPrograms, Place::Temporary},
-    {"cur_startmenu_startup", SystemTools::DirCurStartMenuStartup, Place::Temporary},
-    {"cur_temp", SystemTools::DirCurTemp, Place::Temporary},
-    {"all_documents", SystemTools::DirAllDocuments, Place::Home},
-    {"all_startmenu", SystemTools::DirAllStartMenu, Place::Home},
-    {"all_startmenu_programs", SystemTools::DirAllStartMenuPrograms, Place::Home},
-    {"all_startmenu_startup", SystemTools::DirAllStartMenuStartup, Place::Home},
-    {"all_desktop", SystemTools::DirAllDesktop, Place::Home},
-    {"all_appdata", SystemTools::DirAllAppData, Place::Home},
-    {"sys_fonts", SystemTools::DirSysFonts, Place::Fixed, "/"},
-    {"sys_windows", SystemTools::DirSysWindows, Place::Fixed, "/"},
-    {"sys_system", SystemTools::DirSysSystem, Place::Fixed, "/"},
-    {"sys_programs", SystemTools::DirSysPrograms, Place::Fixed, "/sbin"},
-    {"sys_programs_common", SystemTools::DirSysProgramsCommon, Place::Fixed, "/bin"},
-    {"sys_temp", SystemTools::DirSysTemp, Place::Fixed, "/tmp"},
-});
-
-bool isDirectory(const std::string& path) {
-    struct stat properties {};
-    return stat(path.c_str(), &properties) == 0 && S_ISDIR(properties.st_mode);
-}
-
-std::string homeDir() {
-    std::string home;
-    EnvTools::get("HOME", home);
-    return home;
-}
-
-// One of the user's own, if there is one.
-std::string temporaryDir() {
-    const std::string own = homeDir() + "/tmp";
-    return isDirectory(own) ? own : "/tmp";
+void setDetail(SystemTools::DetailCode code, const std::string& value) {
+    const ThreadLockGuard held(*SystemTools::DetailsLock);
+    SystemTools::Details()[code] = value;
 }
 
 }  // namespace
 
+constinit NoDestructor<ThreadLock> SystemTools::DetailsLock;
 constinit bool SystemTools::DetailsObtained = false;
 
+std::map<SystemTools::DetailCode, std::string>& SystemTools::Details() {
+    static NoDestructor<std::map<DetailCode, std::string>> facts;
+    return *facts;
+}
+
 std::string SystemTools::obtain(DetailCode code) {
-    const ThreadLockGuard held(*detailsLock);
-    const auto found = details().find(code);
-    if (found != details().end()) return found->second;
-    if (DetailsObtained) return {};
-    obtainDetails();
+    {
+        const ThreadLockGuard held(*DetailsLock);
+        const auto found = Details().find(code);
+        if (found != Details().end()) return found->second;
+
+        // The application has not set it, and nothing else will.
+        if (DetailsObtained) return {};
+
+        obtainDetails();
+    }
+    // Not while the lock is held: another thread may reset the table first, and all starts again.
     return obtain(code);
 }
 
@@ -86,17 +44,27 @@ std::string SystemTools::getHostName(bool /*withDomain*/) {
     return obtain(DetailHostName);
 }
 
+std::string SystemTools::getDomain(bool /*withDomain*/) {
+    return obtain(DetailDomain);
+}
+
+std::string SystemTools::getCurrentUser(bool withDomain) {
+    const std::string domain = withDomain ? obtain(DetailUserDomain) : "";
+    const bool hasDomain = !domain.empty() && domain != HostFacts::unknown;
+    return (hasDomain ? domain + "\\" : "") + obtain(DetailUserName);
+}
+
 void SystemTools::setAppName(const std::string& name) {
-    const ThreadLockGuard held(*detailsLock);
-    details()[DetailAppName] = name;
+    setDetail(DetailAppName, name);
 }
 
 void SystemTools::setAppInstance(const std::string& instance) {
-    {
-        const ThreadLockGuard held(*detailsLock);
-        details()[DetailAppInstance] = instance;
-    }
+    setDetail(DetailAppInstance, instance);
     EnvTools::set(instanceVariable, instance);
+}
+
+void SystemTools::setNetworkMasterUrl(const std::string& url) {
+    setDetail(DetailNetworkMasterUrl, url);
 }
 
 std::string SystemTools::getAppInstance() {
@@ -105,42 +73,15 @@ std::string SystemTools::getAppInstance() {
     return EnvTools::get(instanceVariable, instance) ? instance : "0";
 }
 
-SystemTools::DirCode SystemTools::mapDirCode(const std::string& word) {
-    std::string wanted = word;
-    StringTools::lower(wanted);
-    for (const Directory& row : directories) {
-        if (row.word == wanted) return row.code;
-    }
-    return DirUnknown;
-}
-
-std::string SystemTools::obtainDir(DirCode code) {
-    for (const Directory& row : directories) {
-        if (row.code != code) continue;
-        if (row.place == Place::Fixed) return row.path;
-        return row.place == Place::Home ? homeDir() : temporaryDir();
-    }
-    return {};
+std::string SystemTools::getAppNameSafe() {
+    std::string instance = getAppInstance();
+    return obtain(DetailAppName) + "#" + StringTools::padLeft(instance, 3, '0');
 }
 
 void SystemTools::resetDetails() {
-    const ThreadLockGuard held(*detailsLock);
-    details().clear();
+    const ThreadLockGuard held(*DetailsLock);
+    Details().clear();
     DetailsObtained = false;
-}
-
-// Process-wide.
-std::map<SystemTools::DetailCode, std::string>& SystemTools::details() {
-    static NoDestructor<std::map<DetailCode, std::string>> facts;
-    return *facts;
-}
-
-void SystemTools::obtainDetails() {
-    utsname names{};
-    uname(&names);
-    details()[DetailHostName] = static_cast<const char*>(names.nodename);
-    details()[DetailByteOrder] = std::endian::native == std::endian::little ? "little" : "big";
-    DetailsObtained = true;
 }
 
 }  // namespace TarvikCorelib
