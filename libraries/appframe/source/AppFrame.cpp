@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <list>
 #include <vector>
 
 namespace TarvikCorelib {
@@ -137,10 +136,6 @@ bool AppFrame::parseCmd() {
     return true;
 }
 
-bool AppFrame::configure() {
-    return true;
-}
-
 // The texts are made here, in the handlers. If memory is missing for them too, that exception
 // leaves this function, and `main` says what is wrong.
 int AppFrame::runApp() {
@@ -197,18 +192,5 @@ void AppFrame::output(const std::wstring& text, bool flag) {
 }
 
 void AppFrame::detachFromParentProcess(int /*argc*/, char** /*argv*/) {}
-
-// The process is ending, so a failure is only logged.
-void AppFrame::removeEnum() {
-    constexpr std::int32_t instanceScope = 6;
-    try {
-        const std::string key = SystemTools::obtain(SystemTools::DetailAppName) + "-enum";
-        std::list<std::string> numbers = confAgent.getLocalConfList(key, instanceScope);
-        numbers.remove(std::to_string(AppInstance.id));
-        confAgent.setLocalConf(key, numbers, instanceScope);
-    } catch (const Exception& exception) {
-        logger.fatal(exception);
-    }
-}
 
 }  // namespace TarvikCorelib

@@ -1,6 +1,7 @@
 /// The base of every application of the suite: the life of its process.
 #pragma once
 
+#include "libraries/corelib/source/diagnostics/NamedException.h"
 #include "libraries/corelib/source/messaging/ImsAgent.h"
 #include "libraries/corelib/source/messaging/Logger.h"
 #include "libraries/corelib/source/process/ProcessLock.h"
@@ -29,10 +30,16 @@ struct AppInstanceDefs {
 ///
 ///     main             installs `signalQuit`, sets `CommandLineC` and `CommandLineV`
 ///       constructor    calls `setup`, `construct`, `parseCmd`
+///         setup          asks `setAppInstance`, the place for `specifyFileRegistry` and `useEnum`
 ///       [ state ]      done: the process ends with 0; failed: it ends with 4
-///       configure      false ends the process with 4
+///       configure      chooses the file registry; false ends the process with 4
 ///       runApp         calls `run`, turns all that it throws into a text and an exit value
 ///       destructor     unlocks, and gives the number of an enumerated instance back
+///
+/// An application whose options decide how its instances are told apart calls `setup` last in its
+/// constructor. `setup` always precedes `configure`, so an application that numbers itself chooses
+/// the registry first, in `setAppInstance`; otherwise its number comes from the default registry
+/// and is given back to another one.
 ///
 /// The frame never ends the process itself: it reports by its state and by results, and `main`
 /// decides, so that destructors always run. Only SIGABRT is final. There is one application a
@@ -40,6 +47,8 @@ struct AppInstanceDefs {
 /// apart from what the signal handler reads.
 class AppFrame : public ImsAgent {
 public:
+    using AlreadyRunning = NamedException<AppFrame, "AlreadyRunning">;
+
     enum AppState : std::int32_t {
         AppStateRun = 0,     ///< Go on.
         AppStateDone = 2,    ///< The command line asked for a text only, which has been printed.
@@ -49,6 +58,7 @@ public:
     /// `displayName` is for the user; `appName` is for other programs and in the usage text. A
     /// `moduleType` that is not empty is exported in the environment as `TarvikModuleType`.
     /// `standardOptions` gives the command line the options of every application, such as help.
+    /// Throws `std::out_of_range` if `LANG` is too short, as `SystemTools::obtain` does.
     AppFrame(const std::string& displayName, const std::string& appName, const std::string& version,
              const std::string& moduleType, bool standardOptions, const std::string& vendor);
     AppFrame(const AppFrame&) = delete;
@@ -75,12 +85,41 @@ public:
     /// is then `AppStateDone`. False, with the error printed, for a bad command line.
     /// Quirk: that leaves the state unchanged, so the caller decides whether to go on.
     bool parseCmd();
-    /// Always true.
+    /// The same as `specifyFileRegistry`. Always true.
     bool configure();
     /// Calls `run` and returns its exit value, or 2 if a restart was requested. Whatever is thrown
     /// is printed and logged, and the result is 4. Throws `std::bad_alloc` if memory is missing
     /// even for that.
     int runApp();
+
+    /// Makes the file registry use the directory of the option `filereg`, for applications that
+    /// have one, else that of the environment variable `TARVIK_FREG`, even if it is blank. Without
+    /// either the registry keeps its directory. Options count behind `parseCmd` only.
+    void specifyFileRegistry();
+    /// The application name in lower case, without what is ahead of its first ":" and that colon.
+    static std::string getAppNameForConf();
+    /// The application name, ":" and the instance.
+    static std::string getAppID();
+
+    /// Makes sure that no other process of this application runs as the same instance on this host,
+    /// until this object dies. Always true; throws `AlreadyRunning` after a tenth of a second, and
+    /// `ProcessLock::AlreadyHaveName` if called again.
+    /// Quirk: the message lacks the "@" of its template, as the text of any template does.
+    bool ensureSingleInstance();
+    /// Makes this process an enumerated instance, with the lowest number from `AppInstance.id` on
+    /// that no other process of this application has. If all up to 999999 are taken it is 1000000,
+    /// which several may share. Always true; to be called once, from `setAppInstance`.
+    ///
+    /// The numbers are a list in the local configuration, under the application name and "-enum".
+    /// Quirk: what follows a ":" in a key is no part of it, so all applications of a name such as
+    /// "suite:App" have the one list at "suite".
+    /// A killed process keeps its number until somebody takes it out of that list. Waits for other
+    /// processes as long as it takes. Throws `ProcessLock::LockFailed` if the lock cannot be used,
+    /// and what the `ConfAgent` throws if the list cannot be read or written.
+    bool useEnum();
+    /// Takes `AppInstance.id` out of the list. A failure to read it is only logged; others throw as
+    /// told for `useEnum`. The destructor of an enumerated instance calls it and drops failures.
+    void removeEnum();
 
     [[nodiscard]] AppState getAppState() const { return appState; }
     /// 4 if the state is failed, else 0.
@@ -131,8 +170,6 @@ private:
 
     /// Logs the end of a run. Returns the exit value, or that of a restart if one was requested.
     [[nodiscard]] int finishRun(int exitValue) const;
-    /// Gives the number of an enumerated instance back.
-    void removeEnum();
 
     AppState appState = AppStateRun;
 

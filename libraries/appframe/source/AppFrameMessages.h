@@ -1,6 +1,7 @@
 /// The texts that the frame of an application prints and logs.
 #pragma once
 
+#include "libraries/corelib/source/diagnostics/Template.h"
 #include "shared/library/tables/MessageText.h"
 
 #include <string_view>
@@ -25,5 +26,10 @@ inline constexpr std::string_view interceptedSignal = "Intercepted signal ";
 inline constexpr const char* endingWith = "Application ending with exit value %";
 inline constexpr const char* quittingBecause = "Quitting because: %";
 inline constexpr const char* restartRequested = "Going to signal parent process to restart us";
+
+// Thrown. The values are the application with its instance, and the host.
+inline constexpr Template<2> alreadyRunning =
+    "@appframe.already-running{Another instance of the \"%@%\" is already running - cannot start "
+    "another};";
 
 }  // namespace TarvikCorelib::messages
