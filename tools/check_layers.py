@@ -11,7 +11,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DOCS = ROOT / "docs/architecture.md"
-PRODUCT = ("apps", "libraries", "shared")
+PRODUCT = ("apps", "examples", "libraries", "shared")
 
 # The folders of one target whose headers are a chain, from the ground up. Files of one folder include
 # from it and from those before it.
@@ -27,7 +27,8 @@ BACKWARD = {
 }
 
 # In angle brackets too, where the path is one of ours.
-INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"|<(?=(?:apps|libraries|shared|test)/))([^">]+)')
+INCLUDE = re.compile(
+    r'^\s*#\s*include\s*(?:"|<(?=(?:apps|examples|libraries|shared|test)/))([^">]+)')
 TABLE_HEADING = "## The targets"
 # A row of that table: the target, its folder, what it may include.
 ROW = re.compile(r"^\| `(\w+)` \| [^|]+ \| ([^|]+) \|$", re.MULTILINE)

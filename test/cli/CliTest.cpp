@@ -1,7 +1,8 @@
-// Whole runs of the tool. Each folder of the cases is one test; a new case is files and no code:
+// Whole runs of the tool and of the example agent. Each folder of the cases is one test; a new case
+// is files and no code:
 //
-//   command   what the shell runs, in a fresh copy of files/; "$TOOL" is the tool, "$CASE" the
-//             folder of the case
+//   command   what the shell runs, in a fresh copy of files/; "$TOOL" and "$AGENT" are the
+//             programs, "$CASE" is the folder of the case
 //   files/    what lies in the working directory at the start (may be left out)
 //   stdout    the bytes that must come out
 //   status    the exit status, where it is not 0
@@ -30,7 +31,7 @@ using tarvik_test::ScopedEnv;
 
 // A run that takes longer is killed, and no case expects its status then.
 constexpr const char* runCommand =
-    "unset TARVIK_FREG TARVIK_FREG_DIR tarvik_application_instance && "
+    "unset TARVIK_FREG TARVIK_FREG_DIR tarvik_application_instance tarvik_hostname && "
     R"(cd "$WORK" && exec timeout -k 1 20 /bin/sh "$CASE/command" </dev/null >../stdout 2>../stderr)";
 
 std::vector<std::string> allCases() {
@@ -58,6 +59,7 @@ protected:
 
     int run() const {
         const ScopedEnv tool("TOOL", HANDLE_CHECKER);
+        const ScopedEnv agent("AGENT", AGENT);
         const ScopedEnv caseFolder("CASE", folder.string());
         const ScopedEnv workFolder("WORK", work.string());
         const int status = std::system(runCommand);
