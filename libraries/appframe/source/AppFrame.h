@@ -36,8 +36,8 @@ struct AppInstanceDefs {
 ///       runApp         calls `run`, turns all that it throws into a text and an exit value
 ///       destructor     unlocks, and gives the number of an enumerated instance back
 ///
-/// An application whose options decide how its instances are told apart calls `setup` last in its
-/// constructor. `setup` always precedes `configure`, so an application that numbers itself chooses
+/// An application whose options decide which instance it is calls `setup` last in its constructor.
+/// `setup` always precedes `configure`, so an application that numbers itself chooses
 /// the registry first, in `setAppInstance`; otherwise its number comes from the default registry
 /// and is given back to another one.
 ///

@@ -23,8 +23,8 @@ namespace TarvikCorelib {
 ///
 /// Quirk: a message to set a value of an unknown type is consumed, too.
 ///
-/// Any thread may ask; the work is done on its stack. What the registry does to keys, and how
-/// long it waits, is told there.
+/// Any thread may ask; the work is done on its stack. `FileRegistry` says what becomes of a key,
+/// and how long a request may wait.
 class SystemBase : public ImsAgent {
 public:
     /// Contains the exception of the hook that could not be set.

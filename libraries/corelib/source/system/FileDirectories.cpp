@@ -108,7 +108,7 @@ bool FileDirectories<Char>::makeDir(const Text& path) {
     return mkdir(systemName(path).c_str(), 0777) == 0;
 }
 
-// Whatever stands in the way shows at the end, so no step is checked for itself.
+// No step is checked for itself: what has failed is seen at the end.
 template <class Char>
 bool FileDirectories<Char>::ensurePath(const Text& path) {
     const std::string name = systemName(path);

@@ -39,8 +39,8 @@ public:
     /// error says so and the stream stays as it was. Does nothing to null.
     static void markHandle(std::FILE* stream);
 
-    // --- reading. False if nothing was read: at the end, on failure and from null. An end and a
-    // failure are told apart by `std::ferror`. `ignoreCR` drops carriage returns.
+    // --- reading. False if nothing was read: at the end, on failure (ask `std::ferror` which) and
+    // from null. `ignoreCR` drops carriage returns.
     //
     // Quirk: on a stream that is marked, each read first seeks to where the stream stands. So it
     // may follow a write at once and sees what was added behind the end, and `ungetc` only steps

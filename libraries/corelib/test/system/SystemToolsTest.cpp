@@ -145,9 +145,9 @@ void detach(std::string argument, int argc = 2) {
         wait(&status);
         _exit(WEXITSTATUS(status) | 8);
     }
-    const bool isFree = getsid(0) == getpid() &&
-                        std::filesystem::read_symlink("/proc/self/fd/1") == "/dev/null" &&
-                        std::filesystem::read_symlink("/proc/self/fd/2") == "/dev/null";
+    bool isFree = getsid(0) == getpid();
+    for (const char* stream : {"/proc/self/fd/0", "/proc/self/fd/1", "/proc/self/fd/2"})
+        isFree = isFree && std::filesystem::read_symlink(stream) == "/dev/null";
     _exit((isFree ? 1 : 0) | (umask(0) == 022 ? 2 : 0) | (fcntl(60, F_GETFD) == -1 ? 4 : 0));
 }
 
