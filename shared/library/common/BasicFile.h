@@ -66,6 +66,11 @@ enum FileError : std::int32_t {
 /// An operation that fails returns false or an empty text, and `getLastError` gives the reason
 /// until the next operation that sets it. Nothing throws but `std::bad_alloc`, which `open` also
 /// throws when the system or the C library has no memory for the file. For use by one thread.
+///
+///     BasicFile file;
+///     if (!file.open("a.conf", AccessRead)) return file.getLastError();
+///     std::string line;
+///     while (!file.atEof(OperationRead) && file.readLine(line)) use(line);
 class BasicFile {
 public:
     BasicFile() = default;

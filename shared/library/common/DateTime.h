@@ -57,6 +57,10 @@ struct DateTimeT {
 /// instant.
 ///
 /// The zone of texts without one is process-wide and has no lock: for use on one thread.
+///
+///     DateTime("2024-03-01T12:00:00+00:00").getInternalTime();  // 1709294400
+///     DateTime("2024-13-45T00:00+00:00").getInternalTime();     // 1735603200: 31 December
+///     DateTime("soon").getInternalTime();                       // 0
 class DateTime : public TimeBase {
 public:
     static constexpr long Min = 0;

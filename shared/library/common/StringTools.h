@@ -12,6 +12,11 @@ namespace Tarvik {
 /// Static operations on strings of bytes. A verb changes its argument, a participle returns a view
 /// of a part of it. The core library has a class of the same name with other rules: neither can
 /// replace the other.
+///
+///     std::string line = "key = a, b ";
+///     const std::string key = StringTools::split(line, '=');  // "key "
+///     StringTools::trimmed(line);                             // "a, b"
+///     StringTools::split("a,,b,c,", ',', parts, 3, true);     // To "a", "" and "b,c,".
 class StringTools {
 public:
     StringTools() = delete;

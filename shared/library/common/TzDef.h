@@ -39,6 +39,12 @@ enum DstNearness : std::int32_t {
 ///
 /// Nothing throws and nothing is reported: a number that cannot be read is 0. The two functions
 /// that need the current zone are for one thread, like `DateTime`.
+///
+///     TzDef zone;
+///     zone.fromDstString("+01:00 (+01:00 3M5W6D2H-10M5W6D3H)");
+///     zone.offset;                                     // 3600
+///     zone.getDstStart(2024);                          // 1711846800
+///     zone.isDst(DateTime("2024-07-01T12:00+00:00"));  // true
 struct TzDef {
     bool set = false;  ///< Whether the record holds a zone.
     /// Seconds east of GMT, without the daylight shift. Only the zone of `DateTime::calcCurrentTz`

@@ -22,6 +22,13 @@ namespace TarvikCorelib {
 /// byte, wide text is narrowed by the process locale; neither conversion fails.
 ///
 /// All fields are copied by value, causes included, so a copy costs as much as the whole chain.
+///
+///     try {
+///         throw Exception("@no-file{Cannot open %};", here(), ParamStream() << "a.conf");
+///     } catch (const Exception& cause) {
+///         cause.getMessage();          // "@no-file{Cannot open %};"
+///         cause.getFullMessage(true);  // "Exception: Cannot open a.conf"
+///     }
 class Exception {
 public:
     Exception() = default;

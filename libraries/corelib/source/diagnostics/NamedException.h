@@ -36,6 +36,14 @@ concept ExceptionArguments = std::constructible_from<Exception, First, More...> 
 /// line: `using Open_Failure = NamedException<FileBase, "Open_Failure">;` in `FileBase`, and
 /// callers catch `FileBase::Open_Failure`. The owner is a parameter so that two classes may use the
 /// same name and still have two types. It adds no field and takes the arguments of `Exception`.
+///
+///     struct Store { using Open_Failure = NamedException<Store, "Open_Failure">; };
+///     constexpr Template<1> openFailure = "@open-failure{Cannot open %};";
+///     try {
+///         throw made<Store::Open_Failure>(openFailure, here(), "a.db");
+///     } catch (const Store::Open_Failure& failure) {
+///         failure.getFullMessage(true);  // "Open_Failure: Cannot open a.db"
+///     }
 template <class Owner, FixedText Name>
 class NamedException : public Exception {
 public:

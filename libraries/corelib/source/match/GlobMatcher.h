@@ -15,6 +15,11 @@ namespace TarvikCorelib {
 /// globs. Those never throw, so code below the exceptions can match too. They keep one retry point,
 /// the last star, instead of recursing: at worst the time is the product of both lengths, and the
 /// only memory is a copy of the glob. All operations are safe to call from any thread.
+///
+///     GlobMatcher::match("a/b.txt", "*.txt");          // true: "/" is no separator
+///     GlobMatcher::matchIgnoreCase("A.TXT", "?.txt");  // true
+///     GlobMatcher::find("say hello, you", "h*o");      // 4, 5: as little as will do
+///     GlobMatcher::find("say hello, you", "h*");       // 4, 10: all, for a star at the end
 class GlobMatcher {
 public:
     /// The state of one attempt, for narrow and wide texts.

@@ -30,6 +30,14 @@ namespace TarvikCorelib {
 /// An agent must remove its hooks before it dies, while no other thread sends: a handler that
 /// another thread has just called may still run when its hook is removed. All operations are safe
 /// to call from any thread; handlers run on the thread that sends.
+///
+///     DiskParameter disk;
+///     disk.path = "/var";
+///     const ImsMessage full("disk", "full", "", &disk);
+///     Ims::sendDefault(full);  // true if a hook handled it: the answer is in `disk` now
+///
+///     Ims::queueDefault(ImsMessage("disk", "check", ""), DateTime::getCurrentTime() + 5000);
+///     while (isRunning()) Ims::updateDefault();
 class Ims {
 public:
     using Hook_Duplicate = NamedException<Ims, "Hook_Duplicate">;

@@ -22,6 +22,24 @@ class Logger;
 /// Each operation first writes a trace to the shared logger, also if it fails then: sending by
 /// hooks at level flood, all others at level trace. Loggers write none, and neither do messages of
 /// general type "debug", for those are log records.
+///
+///     class Cleaner : public ImsAgent {
+///     public:
+///         Cleaner() : ImsAgent("cleaner") {
+///             hook = setMessageHook(false, "disk", "full", "*", HookTypeNormal);
+///         }
+///         ~Cleaner() override { removeMessageHook(hook); }
+///
+///         int hookMessage(unsigned long long /*hookId*/, const ImsMessage& message) override {
+///             auto* disk = dynamic_cast<DiskParameter*>(message.parameter);
+///             if (disk == nullptr) return MsgIgnored;
+///             disk->freed = clean(disk->path);
+///             return MsgHandled;
+///         }
+///
+///     private:
+///         unsigned long long hook;
+///     };
 class ImsAgent {
 public:
     /// The result of a handler. `MsgConsumed` keeps the message from all other agents. Any other

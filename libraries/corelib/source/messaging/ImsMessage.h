@@ -11,6 +11,14 @@ class ImsAgent;
 
 /// What a message carries. Each kind of message has a class of its own, by which the receiver knows
 /// its parameter and into which it writes its answer.
+///
+/// The examples of `ImsAgent` and `Ims` use this one:
+///
+///     class DiskParameter : public ImsMessageParameter {
+///     public:
+///         std::string path;              // From the sender.
+///         unsigned long long freed = 0;  // The answer.
+///     };
 class ImsMessageParameter {
 public:
     ImsMessageParameter() = default;

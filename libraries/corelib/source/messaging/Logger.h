@@ -25,6 +25,10 @@ namespace TarvikCorelib {
 ///
 /// Loggers may be used by any thread once they are made; `setName` and `MainLevel` are for the
 /// thread that starts the application, before it starts others.
+///
+///     const Logger logger("store", nullptr);
+///     logger.warning("@disk-low{Only % MB left on %};", ParamStream() << 12 << "/var");
+///     if (logger.isHeard(Logger::Debug)) logger.debug(describeAll());
 class Logger : public ImsAgent {
 public:
     enum Level : std::int32_t {

@@ -21,6 +21,12 @@ namespace TarvikCorelib {
 /// themselves.
 /// Quirk: "Locked" and "Going to unlock" are logged while the lock is held. So at that level a
 /// subscriber that takes locks, by queueing a message for instance, may hang with another thread.
+///
+///     ThreadLock tableLock;  // A member, or a static.
+///
+///     const ThreadLockGuard guard(tableLock);  // To the end of the block.
+///     tableLock.lock(false);                   // true: counted, as this thread is the owner
+///     tableLock.unlock();                      // true: still locked
 class ThreadLock {
 public:
     constexpr ThreadLock() = default;

@@ -17,6 +17,12 @@ namespace TarvikCorelib {
 /// `SReason` from then on, and all others leave it alone. `setSignal` may therefore interrupt any
 /// of the other operations at any point. Any thread may ask for a stop; the reason is shown once it
 /// is whole. `reset` is for a moment in which nobody asks.
+///
+///     extern "C" void onSignal(int number) { GlobalData::setSignal(number, "interrupted"); }
+///     GlobalData::prepare();
+///     std::signal(SIGINT, &onSignal);
+///     std::string reason;
+///     while (!GlobalData::mustQuit(reason)) work();
 class GlobalData {
 public:
     enum StopCode : std::int32_t { RunOn = 0, Quit = 1, Restart = 2, StoppedBySignal = 3 };

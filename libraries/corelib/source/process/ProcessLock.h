@@ -24,6 +24,13 @@ namespace TarvikCorelib {
 /// `fork` is not the owner and inherits no count.
 /// Quirk: two objects with one name in one process do not exclude each other, and the one that
 /// closes the file first frees the other's lock too. The kernel counts by process and file.
+///
+///     ProcessLock lock("spool");
+///     if (!lock.lock(1000)) return;  // Another process has it.
+///     lock.lock(true);               // true: counted, as this one is the owner
+///     lock.unlock();                 // true: still locked
+///     lock.unlock();                 // true: free
+///     lock.unlock();                 // false
 class ProcessLock {
 public:
     using HaveNoName = NamedException<ProcessLock, "HaveNoName">;

@@ -27,6 +27,13 @@ namespace TarvikCorelib {
 /// `ConfAgentChecks` checks them.
 ///
 /// Any thread may use an agent; the services run on the thread that asks.
+///
+///     const SystemBase services;  // An `AppFrame` has one, and a `confAgent`.
+///     const ConfAgent conf;
+///     conf.setLocalConf("tool/port", 8080, 0);
+///     conf.modifyLocalConf("tool/port", 1, 0);
+///     conf.getLocalConfInt("tool/port", 0);  // 8081
+///     conf.getInt("net/port", 80);           // 80, since nobody answers for the entries
 class ConfAgent : public ConfAgentChecks {
 public:
     // --- keywords and paths; they throw a `Keyword_...` exception

@@ -33,6 +33,11 @@ namespace TarvikCorelib {
 /// Quirk: "/a" has the directory of "a", but a lock of its own.
 ///
 /// Reading and writing follow links in the registry; removing follows none.
+///
+///     FileRegistry::set("tool/runs", 1);     // 0
+///     FileRegistry::modify("tool/runs", 1);  // 0
+///     FileRegistry::get("tool/runs", runs);  // 0: `Done`, and runs is 2
+///     FileRegistry::get("tool/runs", text);  // 6: `NoSuchValue`, since it is a number
 class FileRegistry {
 public:
     /// The types of values, by the numbers for `getRaw` and `setRaw`.

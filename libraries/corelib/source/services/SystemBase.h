@@ -25,6 +25,12 @@ namespace TarvikCorelib {
 ///
 /// Any thread may ask; the work is done on its stack. `FileRegistry` says what becomes of a key,
 /// and how long a request may wait.
+///
+///     const SystemBase services;
+///     std::string name;
+///     SystemQueryParam param("os", SystemQueryParam::SystemText, &name, 0);
+///     Ims::sendDefault(ImsMessage("system", "query", "", &param));  // true
+///     param.status;                                                 // 1: `Good`; name is "linux"
 class SystemBase : public ImsAgent {
 public:
     /// Contains the exception of the hook that could not be set.

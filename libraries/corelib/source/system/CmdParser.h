@@ -33,6 +33,13 @@ namespace TarvikCorelib {
 ///
 /// Nothing throws for a bad command line: `parse` returns false with a text for the user, and what
 /// came before the bad word stays as if it had been accepted. Not for use by several threads.
+///
+///     CmdParser line("tool", true);
+///     line.specifyOptionWithValueArg("Tries before it fails", 't', "tries", {});
+///     line.specifyValueArg("file");
+///     if (!line.parse(argc, argv, output, "")) return fail(output);  // tool -t 3 a.txt
+///     line.getOptionValue("tries", tries);                           // true, and "3"
+///     line.getNextValueArg(file);                                    // true, and "a.txt"
 class CmdParser {
 public:
     /// The form of an argument on the command line.

@@ -136,6 +136,12 @@ private:
 /// Remove all that is in the directory, or an entry of it with all that is below: a link goes, and
 /// not what it points to. Counted is what could not be removed, without the directories that are
 /// left only because of it. What has gone by itself is no failure. `widen` as for `DirChain`.
+///
+/// Removes whatever is at a path, links not followed:
+///
+///     DirPlace place;
+///     int error = openPlace(path, place);
+///     if (error == 0) error = removeTree(place.dir.get(), place.name.c_str(), false).error;
 WalkFailures removeContents(Descriptor dir, bool widen);
 WalkFailures removeTree(int parent, const char* name, bool widen);
 

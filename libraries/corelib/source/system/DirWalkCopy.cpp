@@ -125,6 +125,10 @@ int TreeCopy::copyLink(int from, const char* name) {
     });
 }
 
+// The walk leads through the source, and `to` follows it through the target, level by level. For
+// each level `entered` keeps the name under which the directory was made, and how many failures
+// there were before. So when the walk leaves a directory, it is known whether all of it was copied.
+// If so, a temporary name gives way to the real one; if not, the copy under it is removed.
 int TreeCopy::enter(TreeWalk& walk) {
     std::string written;
     if (const int error = settleName(to->get(), EntryKind::Directory, walk.name(), written);

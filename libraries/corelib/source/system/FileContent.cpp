@@ -33,7 +33,13 @@ void cutBack(int file, off_t size) {
     [[maybe_unused]] const int ignored = ftruncate(file, size);
 }
 
-// Writes over a content that can be put back as long as this object has it.
+// Writes over a content that can be put back as long as this object has it. In three steps:
+//
+//   save       keeps a copy in memory of what will be written over
+//   writeNew   writes behind the old end first, and then over the old content
+//   cut        makes the file shorter, if the new content is
+//
+// A failure in any of them, up to the cut itself, puts the old content back.
 class Overwriting {
 public:
     Overwriting(int file, off_t oldSize, std::string_view content)

@@ -68,7 +68,8 @@ bool assignIfChanged(StringTools::Text<Char>& path, StringTools::Text<Char>&& ch
     return true;
 }
 
-// False if ".." leads out of the elements.
+// False if ".." leads out of the elements. What stays moves to the front, up to `kept`, and each
+// ".." takes the last one back.
 template <class Char>
 bool contractElements(std::vector<StringTools::Text<Char>>& elements) {
     auto kept = elements.begin();

@@ -16,6 +16,13 @@ namespace TarvikCorelib {
 /// ".conf" is "conf". The operations that take the path by reference change it in place; the ones
 /// that return a `bool` say whether they changed it; other arguments must not point into it. All
 /// are linear in their input.
+///
+///     std::string path = "c:/a/b.tar.gz";
+///     FileTools::getDir(path);     // "/a"
+///     FileTools::getParent(path);  // "c:/a"
+///     FileTools::getBase(path);    // "b.tar.gz"
+///     FileTools::getSuffix(path);  // "gz"
+///     FileTools::splitBase(path);  // "b.tar.gz", and the path is "c:/a"
 template <class Char>
 class FilePathText {
 protected:

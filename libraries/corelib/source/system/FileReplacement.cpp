@@ -129,6 +129,8 @@ bool FileReplacement::isOurs() const {
            FileIdentity(found) == identity;
 }
 
+// The content goes to the disk before the name does, for after a loss of power a name might lead to
+// an empty file otherwise. The directory comes last, since the name lasts only from then on.
 int FileReplacement::commit(bool mayReplace) {
     if (const int error = syncFile(file.get()); error != 0) return error;
     // While the file is open, nobody else's can have its identity.

@@ -37,6 +37,11 @@ struct FileIdentity {
 ///
 /// Who replaces one file from several places has a lock. Without one, most meetings are noticed
 /// (ESTALE), but a reader may find part of a content for a moment.
+///
+///     FileReplacement file;
+///     int error = file.open(path);
+///     if (error == 0) error = writeAll(file.get(), content);
+///     if (error == 0) error = file.commit(true);  // Else the old content is there.
 class FileReplacement {
 public:
     static constexpr std::string_view TemporarySuffix = ".cpytmp";

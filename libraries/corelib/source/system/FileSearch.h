@@ -9,7 +9,8 @@
 
 namespace TarvikCorelib {
 
-/// The part of `FileTools` that searches, for one kind of character.
+/// The part of `FileTools` that searches, for one kind of character. What is searched below a
+/// directory is listed first, all names at once, and files are read whole, one at a time.
 template <class Char>
 class FileSearch {
     using Text = StringTools::Text<Char>;

@@ -139,6 +139,13 @@ public:
 /// locale; one that cannot be converted is no file's name, as is one with a NUL. The results
 /// show failures: nothing throws but exhausted memory. No state; safe to use from several threads,
 /// but for the current directory, which is one for the process.
+///
+///     FileTools::ensurePath("out/a");                              // true
+///     FileTools::textToFile("out/a/b.txt", "1\n2\n", 0);           // true
+///     FileTools::textToFile("out/a/b.txt", "3\n", 0);              // false: it exists
+///     FileTools::textToFile("out/a/b.txt", "3\n", CopyEnumerate);  // true: "out/a/b-0001.txt"
+///     FileTools::fileToVector("out/a/b.txt", lines);               // true: "1", "2"
+///     FileTools::getFiles("out/a", "b*");                          // "b-0001.txt", "b.txt"
 class FileTools : public JoinedFileTools<BasicFileTools<char>, BasicFileTools<wchar_t>> {
 public:
     static constexpr char DirSep = '/';

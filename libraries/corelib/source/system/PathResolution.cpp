@@ -74,6 +74,9 @@ bool mayBeLink(std::string_view element) {
 
 }  // namespace
 
+//   path = { text | "%" name "%" | "$" name }
+//
+// A name ends before the next "/". A "%" without a second one up to there is text.
 std::string expandedPath(std::string_view path) {
     std::string result;
     if (path.starts_with("/c:") || path.starts_with("/C:")) {
@@ -90,6 +93,9 @@ std::string expandedPath(std::string_view path) {
     }
 }
 
+// One element a round: the path has no links ahead of `start`, and the element there is looked up
+// next. If it is a link, its target takes its place, and the walk goes back to where that begins,
+// since there may be links in it, too. A circle would never end, hence the limit.
 std::string tracedPath(std::string_view path) {
     std::string traced(path);
     if (path.find('\0') != npos) return traced;

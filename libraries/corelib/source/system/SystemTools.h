@@ -32,6 +32,10 @@ class TimeSpan;
 /// Any thread may ask and set at any time; whoever asks first makes the others wait. The
 /// environment, which has no lock, is for the thread that starts the application, before it starts
 /// others; `setAppInstance` writes it, and so may the first question.
+///
+///     SystemTools::setAppName("tool");
+///     SystemTools::setAppInstance("7");
+///     SystemTools::getAppNameSafe();  // "tool#007"
 class SystemTools {
 public:
     enum DetailCode : std::int32_t {

@@ -17,6 +17,12 @@ namespace TarvikCorelib {
 ///
 /// Positions and counts of the object are in code points, those of texts in bytes. Any number may
 /// be stored; one that has no form in an encoding is left out there.
+///
+///     Unicode text;
+///     text.setUTF8("\xC3\xA9t\xC3\xA9");
+///     text.size();        // 3
+///     text[0];            // 0xE9
+///     text.getUTF16BE();  // "\0\xE9\0t\0\xE9"
 class Unicode {
 public:
     enum UnicodeEncoding : std::int32_t {

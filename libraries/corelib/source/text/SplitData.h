@@ -12,6 +12,13 @@
 namespace TarvikCorelib {
 
 /// How a text is to be split. The numbers are settled: callers store them.
+///
+/// With the text `a, ,"b, c"`:
+///
+///     StringSplitter::toList(text, ',');                              // "a", " ", "\"b", " c\""
+///     StringSplitter::toList(text, ',', SplitTrim | SplitSkipEmpty);  // "a", "\"b", "c\""
+///     StringSplitter::toList(text, ',', SplitQuoted);                 // "a", " ", "\"b, c\""
+///     StringSplitter::toList(text, ',', 0, 2);                        // "a", " ,\"b, c\""
 struct SplitTerms {
     /// What a delimiter is.
     enum SplitType : std::int32_t {

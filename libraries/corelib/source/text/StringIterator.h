@@ -17,6 +17,12 @@ namespace TarvikCorelib {
 /// inside quotes, too. A search outside quotes skips a character if `isQuoted` holds behind it: an
 /// opening quote is skipped, a closing one is not. A backslash only takes a quote's power away, or
 /// a bracket's; it hides no character from a search.
+///
+/// Finds the commas outside quotes, 1 and 7 in `a,"b,c",d`:
+///
+///     StringIterator walk;
+///     while (walk.next(text))
+///         if (walk.current() == ',' && !walk.isQuoted()) commas.push_back(walk.index());
 template <class Char>
 class BasicStringIterator {
 public:

@@ -21,7 +21,7 @@ namespace TarvikCorelib {
 /// set. An empty substring is in no text: a split makes one item of it all, while `left` and
 /// `right` return an empty text and change nothing. All splits are one scan by `BasicSplitData`;
 /// the public functions only choose its delimiter and the container that is filled. Flags are the
-/// bits of `SplitFlag`.
+/// bits of `SplitFlag`; `SplitTerms` has examples.
 template <class Char>
 class BasicStringSplitter : public SplitTerms {
     using Text = std::basic_string<Char>;

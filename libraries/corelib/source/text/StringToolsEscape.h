@@ -1,6 +1,12 @@
 /// Writes characters that a text must not hold by means of others, and reads them back.
 ///
 /// All take linear time. A text without anything to escape is copied as it is.
+///
+///     escape("a;b%", ';', 's', '%');         // "a%sb%%"
+///     unescape("a%sb%%c%d", ';', 's', '%');  // "a;b%c%d"
+///     escape("a=b;c", "=;", "es", '%');      // "a%eb%sc"
+///     unescape("a%eb%sc", "es", "=;", '%');  // "a=b;c"
+///     pconvert(L"\u00fcber #1");             // "#252;ber #35;1"
 #pragma once
 
 #include <string>

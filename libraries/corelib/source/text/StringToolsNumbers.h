@@ -1,6 +1,12 @@
 /// Numbers as text: written, read, trimmed and rounded.
 ///
 /// Nothing here reports a text that is no number: it is read as 0 or left as it is.
+///
+///     toInt32(" +12 km");   // 12
+///     toInt64(" +12 km");   // 0
+///     toInt8("300");        // 44
+///     toDouble("1e3 km");   // 1000
+///     toString(0.1 + 0.2);  // "0.3"
 #pragma once
 
 #include <concepts>

@@ -2,6 +2,13 @@
 ///
 /// These are the plain forms: no trimming and no quotes. `StringSplitter` has both, and a different
 /// rule for limits and for keys.
+///
+///     std::string path = "a.b.c";
+///     split(path, '.');                               // "a"
+///     rsplit(path, '.');                              // "c"
+///     path;                                           // "b"
+///     splitVector("a,,b,c,", ',', 3, true);           // "a", "b,c,"
+///     splitMap("a=1,b,c=2", ',', '=', false, false);  // "a", "1", "b,c", "2"
 #pragma once
 
 #include "libraries/corelib/source/text/StringToolsCharacters.h"

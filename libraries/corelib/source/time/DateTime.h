@@ -22,6 +22,12 @@ class TimeSpan;
 /// A `DateTime` and a `DateTimeDetails` do not always convert into each other around a change of
 /// daylight saving: `setLocal` asks the zone about the fields taken as GMT,
 /// `DateTimeDetails::getTimeType` asks `TimeZone::dstQuickTest`.
+///
+///     DateTime instant("2024-02-28T23:30:00Z");
+///     instant += TimeSpan("P1DT1H");
+///     instant.getGmtString(false, false, false);  // "2024-03-01T00:30:00Z"
+///     instant.alignGmt(millisecondsPerDay);
+///     instant.getGmtString(true, true, false);  // "20240301T000000.000Z"
 class DateTime {
 public:
     /// Count 0, in the system's zone.

@@ -20,6 +20,14 @@ class TimeSpan;
 /// their ranges, and each operation that needs it works on a normalized copy. So month 13 or day 32
 /// carry over, and day 0 is the last day of the month before. Dates before 1900 are no instants,
 /// and a day below 1 stays there as it is. Nothing overflows; sums stop at the ends of their type.
+///
+///     DateTimeDetails details(2024, 1, 31, 0, 0, 0, 0, false);
+///     details += TimeSpan("P1M");
+///     details.getString(false, false, false);  // "2024-03-02T00:00:00Z"
+///     details.setDay(0);
+///     details.normalize();
+///     details.getDay();                                                // 29
+///     std::string(details - DateTimeDetails("2023-12-24T00:00:00Z"));  // "P2M5D"
 class DateTimeDetails {
 public:
     /// 1900-01-01T00:00:00 GMT without a zone.

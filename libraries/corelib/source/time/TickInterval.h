@@ -11,6 +11,12 @@ namespace TarvikCorelib {
 /// Two ticks are kept: the base moves on by whole intervals, and the firing tick is the base plus a
 /// fresh random offset. So offsets do not add up. Missed periods are not made up for: `isTime` is
 /// true once, and the base moves on to now or later. Nothing waits here; `isTime` is asked.
+///
+///     TickInterval minute(60000, 10000);  // Each minute, 0 to 9 seconds late.
+///     while (isRunning()) {
+///         if (minute.isTime()) report();
+///         core_sleep(100);
+///     }
 class TickInterval : public TickTimer {
 public:
     /// Lengths in milliseconds; an interval of 0 is 1000, and 100 years are the longest. The random

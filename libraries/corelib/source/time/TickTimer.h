@@ -10,6 +10,10 @@ namespace TarvikCorelib {
 /// A tick counts from a moment far in the past, so 0 is free to mean "none". Ticks of two processes
 /// have nothing to do with each other. The operations here always read the clock; what `getTick`
 /// returns in a derived class plays no part in them. They are safe to call from any thread.
+///
+///     const unsigned long long start = TickTimer().getTick();
+///     work();
+///     TickTimer::getSpanMS(start);  // The milliseconds that it took.
 class TickTimer {
 public:
     TickTimer() = default;

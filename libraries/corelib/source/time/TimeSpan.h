@@ -11,6 +11,11 @@ namespace TarvikCorelib {
 /// Days, hours, minutes and seconds are part of the milliseconds, so "1 day" and "24 hours" are the
 /// same span. Years and months stay apart, because their length depends on where they are applied.
 /// No operation overflows: a field stops at the ends of its type.
+///
+///     const TimeSpan span("P1MT90S");
+///     std::string(span);              // "P1MT1M30S"
+///     span.countMilliseconds(false);  // 90000
+///     span.countMilliseconds(true);   // 2629836000, with a month of the mean length
 class TimeSpan {
 public:
     TimeSpan() = default;

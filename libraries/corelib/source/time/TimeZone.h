@@ -42,6 +42,13 @@ enum DSTNearness : std::int32_t {
 /// `TARVIK_TZ` is read once, when a zone is first made, copied or asked from the system. Objects
 /// belong to one thread. The statics have no lock: make the first zone, and call `setCurrent`, only
 /// where no other thread does the same.
+///
+///     TimeZone zone;
+///     zone.setFull("+01:00 (+01:00 3M5W6D2H-10M5W6D3H)");
+///     const DateTime summer("2024-07-01T12:00:00Z");
+///     zone.isDST(summer);                                // true
+///     zone.getIsoString(summer, false);                  // "+02:00"
+///     summer.getTZ(zone).getString(false, false, true);  // "2024-07-01T14:00:00+02:00"
 class TimeZone {
 public:
     /// Not set, all zero.

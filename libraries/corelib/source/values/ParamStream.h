@@ -15,6 +15,11 @@ namespace TarvikCorelib {
 /// written. "Nothing left to read" is the end of the list, and each list has its own end: that is
 /// why copies and moves are written by hand and set the cursor anew. Copying is common, since each
 /// exception holds a stream by value; it costs one allocation an element, and more for long texts.
+///
+///     ParamStream params = ParamStream() << "a.txt" << 3;
+///     params.format("% has % lines");  // "a.txt has 3 lines"
+///     ParamStream again(params);       // Its cursor is at the first element.
+///     again >> name >> lines;          // name is "a.txt", lines is 3
 class ParamStream : public StreamBase {
 public:
     ParamStream() = default;

@@ -18,6 +18,12 @@ namespace TarvikCorelib {
 /// it counts one more reference and never copies the text. Setting it searches the bank.
 ///
 /// The banks have no lock: use values on one thread, or guard them with a lock of your own.
+///
+///     const SharedString first("host.example");
+///     const SharedString second("host.example");
+///     &first.get() == &second.get();          // true: one text in the bank
+///     SharedString().isEmpty();               // true
+///     SharedString(std::string()).isEmpty();  // false
 class SharedString {
 public:
     /// Empty: it holds no text, which is not the same as holding an empty text.

@@ -50,6 +50,9 @@ enum CopyFlag : std::int32_t {
 
 /// The policy of one operation on one or many files. For one operation at a time: it keeps whether
 /// the user has aborted.
+///
+///     CopyParams params(&reporter, CopyAsk, 65536);  // In blocks of 64 KiB.
+///     FileTools::copy("a.txt", "b.txt", params);     // May ask: "No|Yes|Enumerate".
 class CopyParams {
 public:
     enum TargetType : std::int32_t { TargetFile = 0, TargetDirectory = 1 };

@@ -21,6 +21,12 @@ namespace TarvikFilelib {
 /// An empty path that is to be changed is `TargetExists` with a text that says so. Where there is
 /// no directory, and for a path with a NUL, it is `NoSuchDir`; what the system refuses is
 /// `AccessDenied`, unless it is said differently.
+///
+///     DirTools::ensureParentExists("tree/a/b/");  // Makes "tree", "tree/a" and "tree/a/b".
+///     DirTools::copy("tree", "copy");
+///     DirTools::copy("tree", "copy", CopyMerge | CopySkipExisting);  // Adds what "copy" lacks.
+///     DirTools::getSubDirs("copy");                                  // "a"
+///     DirTools::remove("copy", DirTools::RemoveRecursive);
 class DirTools {
 public:
     using NoSuchDir = TarvikCorelib::NamedException<DirTools, "NoSuchDir">;

@@ -23,6 +23,16 @@ namespace TarvikFilelib {
 /// An empty path is `TargetExists` with a text that says so. A missing file is `NoSuchFile`, and so
 /// is a path with a NUL, which is no file's name. What the system refuses otherwise is
 /// `AccessDenied`, unless it is said differently.
+///
+///     FileTools::stringToFile("a.txt", "one\n", CopyOverwrite);
+///     FileTools::gzip("a.txt", CopyOverwrite);    // To "a.txt.gz".
+///     FileTools::getNextEnumeration("a.txt", 2);  // "a-01.txt"
+///     try {
+///         FileTools::fileToString("missing.txt");
+///     } catch (const FileTools::NoSuchFile& failure) {
+///         failure.getFullMessage(false);
+///         // "Trying to access \"missing.txt\", but no such file (fileToString)"
+///     }
 class FileTools {
 public:
     using NoSuchFile = TarvikCorelib::NamedException<FileTools, "NoSuchFile">;

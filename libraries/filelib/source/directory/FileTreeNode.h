@@ -17,6 +17,16 @@ namespace TarvikFilelib {
 /// doubled ones count for nothing; "." and ".." are names like others. A node belongs to its parent
 /// and to whoever else points to it: without its parent it is the root of a tree of its own. A tree
 /// may be of any depth, and belongs to one thread at a time.
+///
+/// Each node keeps the size of its tree. So asking for it is free, and adding or removing a node
+/// takes a step for each level above it.
+///
+///     const FileTreeNode::Pointer root = FileTreeNode::newDir("srv");
+///     root->addChildDir("log");
+///     root->insertChildFile("log/a.txt");
+///     root->get("log/a.txt")->getPath();  // "srv/log/a.txt"
+///     root->getTreeSize();                // 3
+///     root->getAsString(0);               // "srv/\n  log/\n    a.txt\n"
 class FileTreeNode {
 public:
     using OutOfMemory = TarvikCorelib::NamedException<FileTreeNode, "OutOfMemory">;

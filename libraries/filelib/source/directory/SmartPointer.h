@@ -10,6 +10,12 @@ namespace TarvikFilelib {
 
 /// Shares one object between all its copies; the last one deletes it. The count may be used from
 /// any thread, one pointer by one thread at a time. The exceptions carry no text.
+///
+///     auto first = SmartPointer<std::string>::make("text");
+///     const auto second = first;
+///     second->size();                       // 4
+///     first.getCount();                     // 2
+///     SmartPointer<std::string>()->size();  // Throws `NullPointer`.
 template <class Object>
 class SmartPointer {
 public:

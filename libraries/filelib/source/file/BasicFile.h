@@ -14,6 +14,13 @@ namespace TarvikFilelib {
 /// waits until the end is asked for: a stream turns from reading to writing by a seek and no read.
 ///
 /// An error of the device fails the call that meets it and no later one.
+///
+///     BasicFile file("a.txt");
+///     file.openReadWrite(FileBase::ReadWriteTruncate);
+///     file.write("one\ntwo\n");
+///     file.setCurBytePos(-4);
+///     file.readUntil('\n');  // "two"
+///     file.atEnd();          // true
 class BasicFile : public FileBase {
 public:
     BasicFile() = default;

@@ -19,6 +19,12 @@ namespace TarvikFilelib {
 ///
 /// Reading and writing share one position. The states are those of `FileBase`. For one thread at a
 /// time.
+///
+///     BinaryFile file("image.bin");
+///     file.openIn();
+///     if (!file.read(header, 16)) fail();  // Fewer than 16 bytes; they are in `header`.
+///     file.setCurPos(-4);
+///     if (!file.read(trailer, 4)) fail();
 class BinaryFile {
 public:
     using Open_FileMustExist = TarvikCorelib::NamedException<BinaryFile, "Open_FileMustExist">;

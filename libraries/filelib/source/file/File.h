@@ -14,6 +14,14 @@ namespace TarvikFilelib {
 ///
 /// Without a name there is no inner file: reading throws `Read_CannotRead`.
 /// Quirk: all else does nothing then, so what is "written" is lost.
+///
+///     File log("run.log.gz");  // Compressed, by its name.
+///     log.openOut();
+///     log.writeLine("begin");
+///     log.close();  // Throws if anything could not be written.
+///
+///     log.openIn();
+///     while (log.readLine(line)) use(line);
 class File : public FileBase {
 public:
     using File_OutOfMemory = TarvikCorelib::NamedException<File, "File_OutOfMemory">;

@@ -181,6 +181,9 @@ void ZFile::noteStop() {
 
 // --- reading and writing
 
+// The next bytes come from three places, in this order: the ring has those that were put back,
+// `ahead` the one that was read to find out whether the file ends, and the library all others. What
+// comes from the last two is stored in the ring, so that it can be put back in its turn.
 void ZFile::_readBuffer(FileData& wanted) {
     wanted.read = 0;
     const auto add = [&wanted](int byte) { wanted.data[wanted.read++] = static_cast<char>(byte); };

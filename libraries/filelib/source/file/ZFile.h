@@ -23,6 +23,11 @@ namespace TarvikFilelib {
 /// Quirk: a file that does not begin with the two bytes is plain, and is read as it is.
 /// Quirk: what follows a whole member without them is ignored in silence, be it a member whose
 /// first bytes are damaged, with all behind it.
+///
+///     ZFile file("data.gz");
+///     file.openIn();
+///     file.moveCurBytePos(1000000);  // Decompresses what lies between.
+///     file.setCurBytePos(0);         // Throws `SetBytePos_NegativeMove`: open it again instead.
 class ZFile : public FileBase {
 public:
     ZFile() = default;

@@ -17,6 +17,13 @@ namespace TarvikFilelib {
 /// Most operations have two forms: `get...` returns a new text, the other one changes the path and
 /// returns whether it is another text now. A path that cannot be changed is left as it was when the
 /// exception comes. The arguments of a call may be views into the path that it changes.
+///
+///     PathTools::getContracted("/srv/./data/../log");         // "/srv/log"
+///     PathTools::getRelative("/srv/log/a.txt", "/srv/data");  // "../log/a.txt"
+///     PathTools::getReplaceSuffix("a/b.txt", "gz");           // "a/b.gz"
+///     std::string path = "a//b/";
+///     PathTools::makeClean(path);  // true: "a/b/"
+///     PathTools::chopFirst(path);  // "a"
 class PathTools {
 public:
     using Contract_InvalidPath = TarvikCorelib::NamedException<PathTools, "Contract_InvalidPath">;
