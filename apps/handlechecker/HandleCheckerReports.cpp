@@ -4,12 +4,10 @@
 // depend on the order of validation.
 
 #include "apps/handlechecker/HandleChecker.h"
+#include "apps/handlechecker/HandleCheckerJson.h"
 #include "apps/handlechecker/HandleCheckerMessages.h"
 #include "shared/library/common/BasicFile.h"
 #include "shared/library/common/FileOps.h"
-
-#include <json/value.h>
-#include <json/writer.h>
 
 #include <stdexcept>
 #include <string_view>
@@ -22,25 +20,6 @@ namespace {
 
 // The whole text of a valid handle. A handle is also recognised as valid by it.
 constexpr std::string_view validHandleText = "{}\n";
-
-Json::Value toJsonArray(const std::vector<HandleValidator::Error>& errors) {
-    Json::Value list(Json::arrayValue);
-    Json::Value item(Json::nullValue);
-    for (const HandleValidator::Error& error : errors) {
-        item["line"] = Json::Value(error.line);
-        item["message"] = Json::Value(error.message);
-        list.append(item);
-    }
-    return list;
-}
-
-// The library has deprecated this writer, but its successor lays the text out differently.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-std::string styledText(const Json::Value& root) {
-    return Json::StyledWriter().write(root);
-}
-#pragma GCC diagnostic pop
 
 // Quirk: the first ".conf" of the whole path is replaced, even in the name of a directory.
 std::string jsonPathOf(const std::string& path) {
@@ -73,14 +52,8 @@ void HandleChecker::parseResultsToJsonFormat() {
 }
 
 std::string HandleChecker::renderErrors(const ValidationResult& result) const {
-    Json::Value root(Json::nullValue);
     const bool nested = directoryRun && !saveOutput;
-    if (nested) root["Data"]["Path"] = Json::Value(result.path);
-    Json::Value& place = nested ? root["Data"]["Error"] : root["Error"];
-    // An assignment would copy every error once more.
-    Json::Value errors = toJsonArray(result.errors);
-    place.swap(errors);
-    return styledText(root);
+    return nested ? jsonText(result.errors, result.path) : jsonText(result.errors);
 }
 
 void HandleChecker::showResultInConsole() {
