@@ -7,6 +7,7 @@
 #include <json/value.h>
 #include <json/writer.h>
 
+#include <cstddef>
 #include <string_view>
 
 namespace Tarvik {
@@ -85,8 +86,21 @@ void appendQuoted(std::string& out, const std::string& text) {
     out += hasZero ? styledText(text) : Json::valueToQuotedString(text.c_str());
 }
 
+// About the size of the text. Only a guess, as special characters take more room.
+std::size_t expectedSize(const std::vector<HandleValidator::Error>& errors, const Layout& layout) {
+    constexpr std::size_t quotesAndBackslashes = 12;
+    const std::size_t around =
+        layout.betweenErrors.size() + layout.beforeMessage.size() + quotesAndBackslashes;
+    std::size_t size = errors.size() * around;
+    for (const HandleValidator::Error& error : errors)
+        size += error.line.size() + error.message.size();
+    return size;
+}
+
 void appendErrors(std::string& out, const std::vector<HandleValidator::Error>& errors,
                   const Layout& layout) {
+    // A text that grows is copied, and is there twice while it is.
+    out.reserve(expectedSize(errors, layout));
     std::string_view before = layout.beforeFirstError;
     for (const HandleValidator::Error& error : errors) {
         out += before;
