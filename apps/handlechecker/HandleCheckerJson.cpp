@@ -1,6 +1,6 @@
 // The library would make a tree of nodes first, some 400 bytes a fault, and then print it. For many
 // faults that took three quarters of the run and more memory than all the rest. The layout is
-// always the same, so it is written out here, and the library only quotes the texts.
+// always the same, so it is written out here, and the library only quotes special characters.
 
 #include "apps/handlechecker/HandleCheckerJson.h"
 
@@ -80,10 +80,27 @@ std::string styledText(const std::string& text) {
 }
 #pragma GCC diagnostic pop
 
-void appendQuoted(std::string& out, const std::string& text) {
-    // The quick way takes what a C string can hold.
+std::string quotedByLibrary(const std::string& text) {
+    // The short way ends at a zero byte.
     const bool hasZero = text.find('\0') != std::string::npos;
-    out += hasZero ? styledText(text) : Json::valueToQuotedString(text.c_str());
+    return hasZero ? styledText(text) : Json::valueToQuotedString(text.c_str());
+}
+
+// Most texts need nothing but a backslash before each quote, which takes half the time here. All
+// else is left to the library.
+void appendQuoted(std::string& out, const std::string& text) {
+    const std::size_t start = out.size();
+    out += '"';
+    for (const char c : text) {
+        if (c < ' ' || c == '\\' || c > '~') {
+            out.resize(start);
+            out += quotedByLibrary(text);
+            return;
+        }
+        if (c == '"') out += '\\';
+        out += c;
+    }
+    out += '"';
 }
 
 // About the size of the text. Only a guess, as special characters take more room.
