@@ -49,6 +49,9 @@ public:
     bool destruct() override;
     /// Returns 0, whatever the handles hold.
     int run() override;
+    /// For the end of the process: what the run has gathered stays as it is, reachable but never
+    /// destroyed.
+    void leaveRecords();
 
     /// Validates `currentFile` and adds its result to the others. True if the validator found no
     /// fault; a duplicate name does not count. Throws `Source_BadDir` if there is no such file, and

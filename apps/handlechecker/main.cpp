@@ -66,7 +66,9 @@ int runHandleChecker(int argc, char** argv) {
     if (application.getAppState() == AppFrame::AppStateDone) return 0;
     if (application.getAppState() == AppFrame::AppStateFailed) return exitFailed;
     if (!application.configure()) return exitFailed;
-    return application.runApp();
+    const int result = application.runApp();
+    application.leaveRecords();
+    return result;
 }
 
 }  // namespace

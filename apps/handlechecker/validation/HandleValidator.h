@@ -84,6 +84,8 @@ public:
     [[nodiscard]] std::vector<Error> getErrorList() const { return errors; }
     /// The same without a copy: the validator is left without errors.
     [[nodiscard]] std::vector<Error> takeErrors() { return std::exchange(errors, {}); }
+    /// All that was read, without a copy: the validator is left as if cleared.
+    [[nodiscard]] HandleData takeData() { return std::exchange<HandleData, HandleData>(*this, {}); }
     /// All errors as one text, one line each; empty without errors.
     [[nodiscard]] std::string getErrors() const;
     /// The name of the handle; empty if it has no acceptable one.
