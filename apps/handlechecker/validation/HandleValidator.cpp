@@ -34,9 +34,10 @@ struct HandleValidator::ReadingResult {
 };
 
 bool HandleValidator::loadHandle(std::string& path) {
-    if (!FileOps::exists(path)) return false;
-    file.open(path, AccessRead);
-    return true;
+    // For the older helpers no file exists at a path with a wildcard, even if it can be opened.
+    if (FileOps::hasWildcard(path)) return false;
+    // A file that opens is there, so only one that does not is looked up.
+    return file.open(path, AccessRead) || FileOps::exists(path);
 }
 
 bool HandleValidator::loadHandle(BasicFile& other) {

@@ -11,9 +11,12 @@ bool FileOps::exists(std::string path) {
     return getFileInfo(path, info);
 }
 
+bool FileOps::hasWildcard(const std::string& path) {
+    return path.find('?') != std::string::npos || path.find('*') != std::string::npos;
+}
+
 bool FileOps::getFileInfo(const std::string& path, FileInfoT& info) {
-    // A path with a wildcard stands for many files and has no status of its own.
-    if (path.find('?') != std::string::npos || path.find('*') != std::string::npos) return false;
+    if (hasWildcard(path)) return false;
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) return false;
     info.size = static_cast<std::uint64_t>(status.st_size);

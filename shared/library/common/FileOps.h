@@ -22,8 +22,11 @@ public:
     /// Quirk: so "/" is an empty path, which does not exist.
     static bool exists(std::string path);
 
+    /// Returns whether the path has a "?" or a "*". Such a path stands for many files.
+    static bool hasWildcard(const std::string& path);
+
     /// Fills the record. Returns false and leaves it alone if the path cannot be looked up.
-    /// Quirk: a path with a "?" or a "*" cannot, even if a file of that name exists.
+    /// Quirk: a path with a wildcard cannot, even if a file of that name exists.
     static bool getFileInfo(const std::string& path, FileInfoT& info);
 };
 
