@@ -6,7 +6,6 @@
 #include "libraries/corelib/source/system/FileTools.h"
 #include "shared/library/common/FileOps.h"
 
-#include <set>
 #include <string_view>
 
 namespace Tarvik {
@@ -47,6 +46,13 @@ bool isGiven(const CmdParser& commandLine, const Option& option) {
 // True, with the value in `out`, if the option was given; else `out` stays unchanged.
 bool takeValue(const CmdParser& commandLine, const Option& option, std::string& out) {
     return commandLine.getOptionValue(option.letter, out);
+}
+
+// --file takes precedence over --dir. Directories are compared as text, as the paths in them are.
+bool isValidated(const std::string& scanDirectory, const CmdParser& commandLine) {
+    std::string directory;
+    return !isGiven(commandLine, fileOption) && takeValue(commandLine, dirOption, directory) &&
+           directory == scanDirectory;
 }
 
 }  // namespace
@@ -96,8 +102,12 @@ int HandleChecker::run() {
     if (!isGiven(commandLine, fileCheckingOption)) validator.setFilechecking();
     takeValue(commandLine, dirOption, scanDirectory);
     takeValue(commandLine, handleDirOption, scanDirectory);
-    scanHandleNames(scanDirectory);
-    validateChosen();
+    if (isValidated(scanDirectory, commandLine)) {
+        scanAndValidateDir(scanDirectory);
+    } else {
+        scanHandleNames(scanDirectory);
+        validateChosen();
+    }
     parseResultsToJsonFormat();
     if (saveOutput) {
         createJsonFiles();
@@ -128,31 +138,39 @@ void HandleChecker::validateChosen() {
 }
 
 bool HandleChecker::validateFile() {
-    if (!validator.loadHandle(currentFile)) {
-        throw Source_BadDir(fill(messages::invalidFilePath, {currentFile}));
-    }
-    bool valid = false;
-    try {
-        valid = validator.validate();
-    } catch (...) {
-        throw Source_ValidationErr(fill(messages::validationFailed));
-    }
+    const bool valid = validateOnly();
     validateName();
     results.push_back({currentFile, validator.takeErrors()});
     return valid;
 }
 
+// Leaves the result in the validator.
+bool HandleChecker::validateOnly() {
+    if (!validator.loadHandle(currentFile)) {
+        throw Source_BadDir(fill(messages::invalidFilePath, {currentFile}));
+    }
+    try {
+        return validator.validate();
+    } catch (...) {
+        throw Source_ValidationErr(fill(messages::validationFailed));
+    }
+}
+
 void HandleChecker::validateHandleDir(std::string& dir) {
+    for (const std::string& file : handlesToValidate(dir)) {
+        currentFile = pathIn(dir, file);
+        validateFile();
+    }
+}
+
+std::set<std::string> HandleChecker::handlesToValidate(const std::string& dir) {
     directoryRun = true;
     std::set<std::string> files;
     TarvikCorelib::FileTools::readDir(dir, "*.conf", &files, nullptr);
     if (files.empty()) {
         throw Source_BadDir(fill(messages::noHandlesInDirectory, {dir}));
     }
-    for (const std::string& file : files) {
-        currentFile = pathIn(dir, file);
-        validateFile();
-    }
+    return files;
 }
 
 }  // namespace Tarvik

@@ -7,6 +7,7 @@
 
 #include <list>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,9 +21,11 @@ namespace Tarvik {
 ///     parseResultsToJsonFormat  the report, a text a file
 ///     showResultInConsole       or createJsonFiles and showSummary
 ///
-/// So nothing is printed before the last file has been validated. Faults of handles are data: they
-/// are reported, and never change the exit status. What makes the run itself impossible leaves
-/// `run` as an exception, and then nothing is reported, apart from the files written by then.
+/// The first two are one reading of each file, `scanAndValidateDir`, if both mean the same
+/// directory. Nothing is printed before the last file has been validated. Faults of handles are
+/// data: they are reported, and never change the exit status. What makes the run itself impossible
+/// leaves `run` as an exception, and then nothing is reported, apart from the files written by
+/// then.
 class HandleChecker : public TarvikCorelib::AppFrame {
 public:
     /// A path that cannot be used: of a handle, a directory of handles, or a file to write.
@@ -65,6 +68,9 @@ public:
     void scanHandleNames(std::string dir);
     /// Adds a fault to those of `currentFile` for each other file that was noted with its name.
     void validateName();
+    /// Does what `scanHandleNames` and then `validateHandleDir` do for one directory, but reads
+    /// each file once: its faults and its name come from the same reading.
+    void scanAndValidateDir(const std::string& dir);
 
     /// Turns each result into JSON text, and counts its errors.
     void parseResultsToJsonFormat();
@@ -80,6 +86,11 @@ private:
     /// Quirk: the directory stays as it was given, so a slash at its end is doubled.
     static std::string pathIn(const std::string& dir, const std::string& file);
     void validateChosen();
+    std::set<std::string> handlesToValidate(const std::string& dir);
+    bool validateOnly();
+    void scanHandleName(HandleValidator& scanner, std::string path);
+    [[nodiscard]] std::vector<std::string> duplicatesOf(const std::string& name,
+                                                        const std::string& path) const;
     [[nodiscard]] std::string renderErrors(const ValidationResult& result) const;
 
     /// Handle name to file path; equal names in the byte order of the file names. A file without a

@@ -25,6 +25,15 @@ std::optional<KeyLine> keyLineIn(std::string_view line) {
                    StringTools::trimmedLeft(line.substr(equals + 1))};
 }
 
+// The value of a trimmed line with that key, or none.
+std::optional<std::string_view> valueOf(std::string_view key, std::string_view line) {
+    // Most lines have another key, and four bytes tell.
+    if (!line.starts_with(key)) return std::nullopt;
+    const std::optional<KeyLine> keyLine = keyLineIn(line);
+    if (!keyLine || keyLine->key != key) return std::nullopt;
+    return keyLine->value;
+}
+
 }  // namespace
 
 // What the closing checks need to know about the lines.
@@ -47,6 +56,7 @@ bool HandleValidator::loadHandle(BasicFile& other) {
 
 bool HandleValidator::validate() {
     clear();
+    scannedName.clear();
     if (file.atEof(OperationAny)) {
         // Quirk: the file stays open, so the next loadHandle fails silently.
         addToErrorList(messages::fill(messages::fileEmpty), lineNumber);
@@ -72,6 +82,7 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
         file.readLine(currentLine);
         ++lineNumber;
         if (!takeContent(currentLine, line)) continue;
+        if (const auto value = valueOf(NameKey, line)) scannedName = *value;
         // Quirk: tested before the line is parsed, so a name on the last line is reported missing.
         if (!name.empty()) reading.nameMissing = false;
         const int result = takeLine(line);

@@ -92,6 +92,9 @@ public:
     [[nodiscard]] const std::string& getName() const { return name; }
     /// The line of the name, from 1; 0 without a name.
     [[nodiscard]] unsigned long getNameLine() const { return nameLine; }
+    /// The name that `nameScanner` finds in the file that was validated, so that one reading gives
+    /// both. Empty if there is none, and for a file that was not read at all.
+    [[nodiscard]] const std::string& getScannedName() const { return scannedName; }
 
     // --- steps of the reading
 
@@ -283,6 +286,7 @@ private:
     bool readCpuAction(std::string& value);
 
     BasicFile file;
+    std::string scannedName;
 
     /// The expression of the rule that is being read. Holds views into the line.
     RuleExpression expression;

@@ -41,6 +41,7 @@ TEST(HandleValidatorTest, DeclaredAndScannedNamesFollowRulesOfTheirOwn) {
         ASSERT_TRUE(validator.loadHandle(other)) << "by the path of another file";
         validator.validate();
         EXPECT_EQ(scanned, row.scanned) << row.name;
+        EXPECT_EQ(validator.getScannedName(), row.scanned) << row.name;
         EXPECT_EQ(validator.getName(), row.declared) << row.name;
     }
 }
