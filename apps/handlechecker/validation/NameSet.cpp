@@ -1,7 +1,6 @@
 #include "apps/handlechecker/validation/NameSet.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace Tarvik {
@@ -12,13 +11,35 @@ constexpr std::size_t fewestPlaces = 16;
 
 }  // namespace
 
-bool NameSet::insert(std::string_view name) {
-    if (2 * names.size() >= places.size()) {
-        // Asked only here, to keep the usual way short: an ordered set has no places.
-        if (ordered.has_value()) return insertOrdered(name);
-        grow();
+void NameSet::List::clear() {
+    text.clear();
+    ends.clear();
+}
+
+bool NameSet::List::holds(std::string_view name) const {
+    std::size_t first = 0;
+    std::size_t end = size();
+    while (first < end) {
+        const std::size_t middle = first + (end - first) / 2;
+        const int order = name.compare((*this)[middle]);
+        if (order == 0) return true;
+        (order < 0 ? end : first) = order < 0 ? middle : middle + 1;
     }
-    const std::size_t hash = std::hash<std::string_view>()(name);
+    return false;
+}
+
+bool NameSet::insert(std::string_view name) {
+    if (ascending.size() > 0 && name <= ascending[ascending.size() - 1]) {
+        return !ascending.holds(name) && insertOther(name);
+    }
+    ascending.append(name);
+    return true;
+}
+
+bool NameSet::insertOther(std::string_view name) {
+    if (ordered.has_value()) return insertOrdered(name);
+    if (2 * others.size() >= places.size()) grow();
+    const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
     const std::size_t at = findPlace(name, hash);
     if (places[at].number != 0) return false;
     // A walk past the end of the table goes on at its start.
@@ -26,23 +47,24 @@ bool NameSet::insert(std::string_view name) {
         turnToOrdered();
         return insertOrdered(name);
     }
-    names.emplace_back(name);
-    places[at] = {hash, names.size()};
+    others.append(name);
+    places[at] = {hash, static_cast<std::uint32_t>(others.size())};
     return true;
 }
 
 void NameSet::clear() {
-    names.clear();
+    ascending.clear();
+    others.clear();
+    // Forgotten, not set to free: a large table would cost each small section after a large one.
+    places.clear();
     ordered.reset();
-    // Small again: emptying a large table would cost each small section after a large one.
-    places.assign(fewestPlaces, {});
 }
 
-std::size_t NameSet::findPlace(std::string_view name, std::size_t hash) const {
+std::size_t NameSet::findPlace(std::string_view name, std::uint32_t hash) const {
     const std::size_t mask = places.size() - 1;
     std::size_t at = hash & mask;
     while (places[at].number != 0 &&
-           (places[at].hash != hash || names[places[at].number - 1] != name)) {
+           (places[at].hash != hash || others[places[at].number - 1] != name)) {
         at = (at + 1) & mask;
     }
     return at;
@@ -72,8 +94,11 @@ bool NameSet::insertOrdered(std::string_view name) {
 }
 
 void NameSet::turnToOrdered() {
-    ordered.emplace(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
-    names.clear();
+    ordered.emplace();
+    for (std::size_t number = 0; number < others.size(); ++number) {
+        ordered->emplace(others[number]);
+    }
+    others.clear();
     places.clear();
 }
 
