@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -210,9 +209,9 @@ private:
 
     /// How the expressions of one kind of rule are checked.
     struct RuleForm {
-        TarvikTables::MessageText<1> failure;       ///< For an expression that cannot be read.
-        std::span<const std::string_view> allowed;  ///< The names of the parameters.
-        bool lists = false;                         ///< Parameters that fill a list may repeat.
+        TarvikTables::MessageText<1> failure;  ///< For an expression that cannot be read.
+        ParameterNames names;                  ///< Of the parameters.
+        ParameterNames::Set mayRepeat = 0;     ///< Those that fill a list.
     };
 
     struct ReadingResult;
@@ -247,9 +246,12 @@ private:
     bool readExpression(std::string_view text);
     bool reportEach(const TarvikTables::MessageText<1>& message,
                     const std::vector<std::string_view>& names);
+    bool reportRepeated(std::vector<std::string_view> names, bool listsAllowed);
+    /// Whether a filter takes a list of that parameter.
+    static bool isListParameter(std::string_view name);
     /// Copies a parameter of the expression, or a view of it that lives as long as the line.
     template <typename Text>
-    bool takeParameter(std::string_view name, Text& out, bool required);
+    bool takeParameter(const RuleForm& form, std::size_t number, Text& out, bool required);
     bool reportIfRequired(std::string_view name, bool required);
 
     // Values of plain keys.

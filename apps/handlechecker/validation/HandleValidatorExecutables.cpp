@@ -12,22 +12,24 @@ namespace Tarvik {
 // decides which fault is reported, since the first one of `type`, `exe` and the booleans ends the
 // rule.
 bool HandleValidator::executablesRule(std::string& value) {
-    static constexpr auto parameters = std::to_array<std::string_view>(
+    enum Parameter : std::size_t { Type, Exe, Args, Child, ChildArgs, ChildOnly, Required };
+    static constexpr auto names = std::to_array<std::string_view>(
         {"type", "exe", "args", "child", "child-args", "child-only", "required"});
-    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    static constexpr RuleForm form = {.failure = messages::invalidValue,
+                                      .names = ParameterNames(names)};
     if (!readParameters(form, value)) return false;
 
     ExePatternDef rule;
     std::string_view type;
     std::string childOnly;
     std::string required;
-    if (!takeParameter("type", type, true)) return false;
-    if (!takeParameter("exe", rule.exe, true)) return false;
-    takeParameter("args", rule.args, false);
-    takeParameter("child", rule.child, false);
-    takeParameter("child-args", rule.childArgs, false);
-    takeParameter("child-only", childOnly, false);
-    takeParameter("required", required, false);
+    if (!takeParameter(form, Type, type, true)) return false;
+    if (!takeParameter(form, Exe, rule.exe, true)) return false;
+    takeParameter(form, Args, rule.args, false);
+    takeParameter(form, Child, rule.child, false);
+    takeParameter(form, ChildArgs, rule.childArgs, false);
+    takeParameter(form, ChildOnly, childOnly, false);
+    takeParameter(form, Required, required, false);
 
     rule.include = type == "include";
     if (!rule.include && type != "exclude") {

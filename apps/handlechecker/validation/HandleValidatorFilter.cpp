@@ -3,6 +3,7 @@
 #include "apps/handlechecker/validation/HandleMessages.h"
 #include "apps/handlechecker/validation/HandleValidator.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -12,6 +13,7 @@ namespace Tarvik {
 struct HandleValidator::FilterParameters {
     struct Row {
         std::string_view name;
+        bool isList;
         bool (*read)(HandleValidator& self, std::string_view value, FilterDef& rule);
     };
 
@@ -58,48 +60,65 @@ struct HandleValidator::FilterParameters {
         return true;
     }
 
+    // Quirk: allowed, but not read: it is reported all the same.
+    static bool refuse(HandleValidator& self, std::string_view /*value*/, FilterDef& /*rule*/) {
+        return self.report(messages::fill(messages::parameterNotSupported, {"licenses-use%"}));
+    }
+
+    // In byte order of the names: that decides which of several faults is reported.
     static constexpr auto Rows = std::to_array<Row>({
-        {"type", readType},
-        {"os", addText<&FilterDef::os>},
-        {"n-os", addText<&FilterDef::notOs>},
-        {"host", addText<&FilterDef::host>},
-        {"n-host", addText<&FilterDef::notHost>},
-        {"user", addText<&FilterDef::user>},
-        {"n-user", addText<&FilterDef::notUser>},
-        {"wday", addWeekDay<&FilterDef::wday>},
-        {"n-wday", addWeekDay<&FilterDef::notWday>},
-        {"date", addRange<&FilterDef::date, &HandleValidator::getDateRange>},
-        {"n-date", addRange<&FilterDef::notDate, &HandleValidator::getDateRange>},
-        {"time", addRange<&FilterDef::time, &HandleValidator::getTimeRange>},
-        {"n-time", addRange<&FilterDef::notTime, &HandleValidator::getTimeRange>},
-        {"count", readLimit<&FilterDef::countHigh>},
-        {"licenses", readLimit<&FilterDef::licenseUseHigh>},
+        {"count", false, readLimit<&FilterDef::countHigh>},
+        {"date", true, addRange<&FilterDef::date, &HandleValidator::getDateRange>},
+        {"host", true, addText<&FilterDef::host>},
+        {"licenses", false, readLimit<&FilterDef::licenseUseHigh>},
+        {"licenses-use%", false, refuse},
+        {"n-date", true, addRange<&FilterDef::notDate, &HandleValidator::getDateRange>},
+        {"n-host", true, addText<&FilterDef::notHost>},
+        {"n-os", true, addText<&FilterDef::notOs>},
+        {"n-time", true, addRange<&FilterDef::notTime, &HandleValidator::getTimeRange>},
+        {"n-user", true, addText<&FilterDef::notUser>},
+        {"n-wday", true, addWeekDay<&FilterDef::notWday>},
+        {"os", true, addText<&FilterDef::os>},
+        {"time", true, addRange<&FilterDef::time, &HandleValidator::getTimeRange>},
+        {"type", false, readType},
+        {"user", true, addText<&FilterDef::user>},
+        {"wday", true, addWeekDay<&FilterDef::wday>},
     });
 
-    static bool read(HandleValidator& self, const RuleExpression::Parameter& parameter,
-                     FilterDef& rule) {
-        const auto& [name, value] = parameter;
-        for (const Row& row : Rows) {
-            if (row.name == name) return row.read(self, value, rule);
+    static constexpr auto Names = [] {
+        std::array<std::string_view, Rows.size()> names{};
+        std::transform(Rows.begin(), Rows.end(), names.begin(),
+                       [](const Row& row) { return row.name; });
+        return names;
+    }();
+    static_assert(std::is_sorted(Names.begin(), Names.end()));
+
+    static constexpr ParameterNames::Set Lists = [] {
+        ParameterNames::Set lists = 0;
+        for (std::size_t number = 0; number < Rows.size(); ++number) {
+            if (Rows[number].isList) lists |= ParameterNames::Set{1} << number;
         }
-        return self.report(messages::fill(messages::parameterNotSupported, {name}));
-    }
+        return lists;
+    }();
+
+    // The one section that says "element" of an expression.
+    static constexpr RuleForm Form = {
+        .failure = messages::invalidElement, .names = ParameterNames(Names), .mayRepeat = Lists};
 };
 
+bool HandleValidator::isListParameter(std::string_view name) {
+    return (FilterParameters::Lists >> FilterParameters::Form.names.numberOf(name) & 1U) != 0;
+}
+
 bool HandleValidator::filterRule(std::string& value) {
-    // Quirk: "licenses-use%" is allowed, but has no reader: it is reported all the same.
-    static constexpr auto parameters = std::to_array<std::string_view>(
-        {"type", "os", "n-os", "host", "n-host", "user", "n-user", "wday", "n-wday", "date",
-         "n-date", "time", "n-time", "count", "licenses-use%", "licenses"});
-    // The one section that says "element" of an expression.
-    static constexpr RuleForm form = {
-        .failure = messages::invalidElement, .allowed = parameters, .lists = true};
-    if (!readParameters(form, value)) return false;
+    if (!readParameters(FilterParameters::Form, value)) return false;
 
     FilterDef rule;
-    // In the order of the names: that decides which of several faults is reported.
-    for (const auto& parameter : expression.parameters()) {
-        if (!FilterParameters::read(*this, parameter, rule)) return false;
+    for (std::size_t number = 0; number < FilterParameters::Rows.size(); ++number) {
+        const auto read = [&](std::string_view text) {
+            return FilterParameters::Rows[number].read(*this, text, rule);
+        };
+        if (!expression.readEach(number, read)) return false;
     }
     // The end is tried first: programs that write handles number their rules in ascending order.
     filters.insert_or_assign(filters.end(), currentKey, std::move(rule));

@@ -10,8 +10,10 @@ namespace Tarvik {
 // [threshold=number,weight=number], in the block `counters`. Its keys share the list of seen keys
 // with the section, and are not checked as names of rules: only the four counters are known.
 bool HandleValidator::counterRule(std::string& value) {
-    static constexpr auto parameters = std::to_array<std::string_view>({"threshold", "weight"});
-    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    enum Parameter : std::size_t { Threshold, Weight };
+    static constexpr auto names = std::to_array<std::string_view>({"threshold", "weight"});
+    static constexpr RuleForm form = {.failure = messages::invalidValue,
+                                      .names = ParameterNames(names)};
 
     const int id = mapCounterID(currentKey);
     if (id == unknownCounterID) return reportUnknownKey(CountersWord);
@@ -20,8 +22,8 @@ bool HandleValidator::counterRule(std::string& value) {
 
     std::string threshold;
     std::string weight;
-    if (!takeParameter("threshold", threshold, true)) return false;
-    takeParameter("weight", weight, false);
+    if (!takeParameter(form, Threshold, threshold, true)) return false;
+    takeParameter(form, Weight, weight, false);
 
     CounterDef counter = {.id = {id}};
     if (!readNumber(threshold, counter.threshold)) return false;

@@ -147,19 +147,21 @@ bool HandleValidator::readAvailableReq(std::string& value) {
 }
 
 bool HandleValidator::licensesRule(std::string& value) {
-    static constexpr auto parameters = std::to_array<std::string_view>(
+    enum Parameter : std::size_t { LicenseFile, Vendor, Feature, Version, Certain };
+    static constexpr auto names = std::to_array<std::string_view>(
         {"license-file", "vendor", "feature", "version", "certain"});
-    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    static constexpr RuleForm form = {.failure = messages::invalidValue,
+                                      .names = ParameterNames(names)};
     if (!readParameters(form, value)) return false;
 
     LicenseDef rule;
     std::string_view hashWanted;
     std::string certain;
-    takeParameter("license-file", hashWanted, false);
-    takeParameter("vendor", rule.vendor, false);
-    takeParameter("feature", rule.feature, false);
-    takeParameter("version", rule.version, false);
-    takeParameter("certain", certain, false);
+    takeParameter(form, LicenseFile, hashWanted, false);
+    takeParameter(form, Vendor, rule.vendor, false);
+    takeParameter(form, Feature, rule.feature, false);
+    takeParameter(form, Version, rule.version, false);
+    takeParameter(form, Certain, certain, false);
 
     // Quirk: any text in any parameter is enough: "certain=no" or "license-file=Yes" alone pass.
     if (licenseType != NoLicenses && hashWanted.empty() && rule.vendor.empty() &&

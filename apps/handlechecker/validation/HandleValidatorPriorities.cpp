@@ -11,19 +11,21 @@ namespace Tarvik {
 // [host=text,user=text,group=text,priority=word], all optional. A repeated key is reported, and
 // adds a second record.
 bool HandleValidator::prioritiesRule(std::string& value) {
-    static constexpr auto parameters =
+    enum Parameter : std::size_t { Host, User, Group, Priority };
+    static constexpr auto names =
         std::to_array<std::string_view>({"host", "user", "group", "priority"});
-    static constexpr RuleForm form = {.failure = messages::invalidValue, .allowed = parameters};
+    static constexpr RuleForm form = {.failure = messages::invalidValue,
+                                      .names = ParameterNames(names)};
     if (!readParameters(form, value)) return false;
 
     PriorityDef rule;
     rule.name = currentKey;
     std::string word;
     // Quirk: an empty value empties its field; it does not fall back to "*".
-    takeParameter("host", rule.host, false);
-    takeParameter("user", rule.user, false);
-    takeParameter("group", rule.group, false);
-    takeParameter("priority", word, false);
+    takeParameter(form, Host, rule.host, false);
+    takeParameter(form, User, rule.user, false);
+    takeParameter(form, Group, rule.group, false);
+    takeParameter(form, Priority, word, false);
 
     if (!word.empty()) {
         rule.priority = mapPriority(word);

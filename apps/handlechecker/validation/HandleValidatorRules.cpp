@@ -14,22 +14,6 @@ namespace Tarvik {
 
 namespace {
 
-// The parameters of which a filter takes a list.
-constexpr auto listParameters = std::to_array<std::string_view>({
-    "os",
-    "n-os",
-    "host",
-    "n-host",
-    "user",
-    "n-user",
-    "wday",
-    "n-wday",
-    "date",
-    "n-date",
-    "time",
-    "n-time",
-});
-
 bool isListed(std::string_view word, std::span<const std::string_view> list) {
     return std::find(list.begin(), list.end(), word) != list.end();
 }
@@ -48,7 +32,7 @@ std::vector<std::string_view> unknownNames(const Params& params,
 
 // Each name that is repeated, once. Equal names are neighbours.
 template <typename Params>
-std::vector<std::string_view> repeatedNames(const Params& params, bool listsAllowed) {
+std::vector<std::string_view> repeatedNames(const Params& params) {
     std::vector<std::string_view> repeated;
     for (auto param = params.begin(); param != params.end();) {
         const std::string_view name = param->first;
@@ -56,8 +40,7 @@ std::vector<std::string_view> repeatedNames(const Params& params, bool listsAllo
         while (param != params.end() && param->first == name) {
             ++param;
         }
-        if (std::next(start) == param) continue;
-        if (!listsAllowed || !isListed(name, listParameters)) repeated.push_back(name);
+        if (std::next(start) != param) repeated.push_back(name);
     }
     return repeated;
 }
@@ -69,6 +52,7 @@ constinit NameSet HandleValidator::RuleNums;
 // NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 bool HandleValidator::parseValue(std::string value, RuleParameters& out) {
     const bool good = readExpression(value);
+    expression.sortByName();
     out.clear();
     for (const auto& [name, text] : expression.parameters()) {
         out.emplace_hint(out.end(), name, text);
@@ -97,15 +81,16 @@ bool HandleValidator::getValueElement(const RuleParameters& params, const std::s
 }
 
 template <typename Text>
-bool HandleValidator::takeParameter(std::string_view name, Text& out, bool required) {
-    const std::string_view* const value = expression.valueOf(name);
-    if (value == nullptr) return reportIfRequired(name, required);
+bool HandleValidator::takeParameter(const RuleForm& form, std::size_t number, Text& out,
+                                    bool required) {
+    const std::string_view* const value = expression.valueOf(number);
+    if (value == nullptr) return reportIfRequired(form.names[number], required);
     out = *value;
     return true;
 }
 
-template bool HandleValidator::takeParameter(std::string_view, std::string&, bool);
-template bool HandleValidator::takeParameter(std::string_view, std::string_view&, bool);
+template bool HandleValidator::takeParameter(const RuleForm&, std::size_t, std::string&, bool);
+template bool HandleValidator::takeParameter(const RuleForm&, std::size_t, std::string_view&, bool);
 
 bool HandleValidator::reportIfRequired(std::string_view name, bool required) {
     return !required || report(messages::fill(messages::parameterRequired, {name, currentKey}));
@@ -120,7 +105,7 @@ bool HandleValidator::validateRuleParameters(RuleParameters& params, std::string
 
 bool HandleValidator::checkDoubleDeclaration(RuleParameters& params, std::string& /*allowed*/,
                                              bool multiAllowed) {
-    return reportEach(messages::multipleDefinition, repeatedNames(params, multiAllowed));
+    return reportRepeated(repeatedNames(params), multiAllowed);
 }
 
 bool HandleValidator::reportEach(const TarvikTables::MessageText<1>& message,
@@ -129,6 +114,11 @@ bool HandleValidator::reportEach(const TarvikTables::MessageText<1>& message,
         report(messages::fill(message, {name}));
     }
     return names.empty();
+}
+
+bool HandleValidator::reportRepeated(std::vector<std::string_view> names, bool listsAllowed) {
+    if (listsAllowed) std::erase_if(names, isListParameter);
+    return reportEach(messages::multipleDefinition, names);
 }
 
 bool HandleValidator::checkInvalidRule(std::string& key) {
@@ -156,9 +146,12 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
 
 bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
     if (!readExpression(value)) return report(messages::fill(form.failure, {value}));
+    if (expression.number(form.names, form.mayRepeat)) return true;
+    // Only faults are told in the order of the names.
+    expression.sortByName();
     const auto& params = expression.parameters();
-    return reportEach(messages::parameterNotSupported, unknownNames(params, form.allowed)) &&
-           reportEach(messages::multipleDefinition, repeatedNames(params, form.lists));
+    return reportEach(messages::parameterNotSupported, unknownNames(params, form.names.all())) &&
+           reportRepeated(repeatedNames(params), form.mayRepeat != 0);
 }
 
 bool HandleValidator::report(std::string message) {

@@ -58,6 +58,7 @@ bool RuleExpression::read(std::string_view text) {
     found.clear();
     valueless.clear();
     unquoted.clear();
+    seen = repeated = 0;
     opened = text.empty() || text.front() == '[';
     closed = text.empty() || text.back() == ']';
     if (text.empty()) return true;
@@ -65,17 +66,23 @@ bool RuleExpression::read(std::string_view text) {
     if (opened) text = text.substr(1, text.size() - 2);
     // All unquoted values together fit, so none is moved once a view leads to it.
     unquoted.reserve(text.size());
-    const bool good = readPairs(text);
-    sortByName();
-    return good && opened;
+    return readPairs(text) && opened;
 }
 
-const std::string_view* RuleExpression::valueOf(std::string_view name) const {
-    // Faster than a binary search: callers have refused rules with more than a few parameters.
-    const auto first = std::find_if(found.begin(), found.end(), [name](const Parameter& parameter) {
-        return parameter.first == name;
-    });
-    return first != found.end() ? &first->second : nullptr;
+bool RuleExpression::number(const ParameterNames& names, ParameterNames::Set mayRepeat) {
+    seen = repeated = 0;
+    for (std::size_t index = 0; index < found.size(); ++index) {
+        const std::size_t number = names.numberOf(found[index].first);
+        const ParameterNames::Set mark = ParameterNames::Set{1} << number;
+        if (number == ParameterNames::Unknown || (seen & mark & ~mayRepeat) != 0) {
+            seen = 0;
+            return false;
+        }
+        if ((seen & mark) == 0) first[number] = static_cast<std::uint32_t>(index);
+        repeated |= seen & mark;
+        seen |= mark;
+    }
+    return true;
 }
 
 // pairs := pair { "," pair }
