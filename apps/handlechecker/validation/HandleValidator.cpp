@@ -73,15 +73,17 @@ bool HandleValidator::validate() {
     return false;
 }
 
-// One pass over the file. The line buffers keep their memory from line to line, since a large
-// handle has hundreds of thousands of lines. What the closing checks need is collected on the side.
+// One pass over the file, without a copy of most lines: each is a view into the reader's buffer,
+// and so are its key, its value and the parameters, until they are stored. What the closing checks
+// need is collected on the side.
 HandleValidator::ReadingResult HandleValidator::readLines() {
     ReadingResult reading;
-    std::string line;
+    std::string_view raw;
     while (!file.atEof(OperationAny)) {
-        file.readLine(currentLine);
+        raw = file.viewLine(currentLine);
         ++lineNumber;
-        if (!takeContent(currentLine, line)) continue;
+        const std::string_view line = contentOf(raw);
+        if (line.empty()) continue;
         if (const auto value = valueOf(NameKey, line)) scannedName = *value;
         // Quirk: tested before the line is parsed, so a name on the last line is reported missing.
         if (!name.empty()) reading.nameMissing = false;
@@ -92,6 +94,7 @@ HandleValidator::ReadingResult HandleValidator::readLines() {
             reading.closed = true;
         }
     }
+    currentLine = raw;
     return reading;
 }
 
@@ -129,19 +132,20 @@ void HandleValidator::nameScanner(std::string& handleName) {
 }
 
 std::string HandleValidator::keyLineDivider(std::string& line) {
-    if (!takeKey(line)) {
+    std::string_view value = line;
+    if (!takeKey(value)) {
         currentKey = StringTools::trimmedRight(line);
-        line.clear();
+        value = {};
     }
-    return line;
+    return line = std::string(value);
 }
 
 // As keyLineDivider does. False, with nothing changed, for a line without "=".
-bool HandleValidator::takeKey(std::string& line) {
+bool HandleValidator::takeKey(std::string_view& line) {
     const std::optional<KeyLine> keyLine = keyLineIn(line);
     if (!keyLine) return false;
     currentKey = keyLine->key;
-    line.erase(0, line.size() - keyLine->value.size());
+    line = keyLine->value;
     return true;
 }
 

@@ -219,25 +219,27 @@ private:
     void checkLicenseSources();
     void checkEnd(const ReadingResult& reading);
 
-    static bool takeContent(std::string_view raw, std::string& line);
-    int takeLine(std::string& line);
-    bool takeKey(std::string& line);
+    static std::string_view contentOf(std::string_view raw);
+    int takeLine(std::string_view line);
+    bool takeKey(std::string_view& line);
 
     // The steps of the line machine, one a state; each returns a `LineResult`.
-    int inOutsideHandle(const std::string& line);
-    int expectBrace(const std::string& line, LineState next);
-    int inHandle(std::string& line, ParseObject& parseobject);
+    int inOutsideHandle(std::string_view line);
+    int expectBrace(std::string_view line, LineState next);
+    int inHandle(std::string_view line, ParseObject& parseobject);
     int openSection();
-    int keyLineInHandle(const std::string& line);
-    int inSection(std::string& line, ParseObject& parseobject);
-    int inSubsection(std::string& line, ParseObject& parseobject);
+    int keyLineInHandle(std::string_view line);
+    int inSection(std::string_view line, ParseObject& parseobject);
+    int inSubsection(std::string_view line, ParseObject& parseobject);
     int moveTo(LineState next);
     int rejectLine(std::string message);
 
     /// Adds an error at the current line. Always false, so that a reader can return it.
     bool report(std::string message);
     // What the sections share.
-    bool readSectionLine(ParseObject object, std::string& line);
+    ParseObject findSection(std::string_view word);
+    bool parseSection(ParseObject object, std::string& line);
+    bool readSectionLine(ParseObject object, std::string_view& line);
     const PlainKey* findKey(const Section& section) const;
     bool readPlainKey(const PlainKey& key, std::string& value);
     bool startRule(const Section& section);
@@ -263,10 +265,10 @@ private:
     static std::vector<std::string> namesIn(const std::string& value);
 
     // Rules and keys of single sections.
-    bool executablesRule(std::string& value);
+    bool executablesRule(std::string_view value);
     bool storeExecutablesRule(ExePatternDef rule);
-    bool licensesRule(std::string& value);
-    bool hashLicenseFile(const std::string& value, LicenseDef& rule);
+    bool licensesRule(std::string_view value);
+    bool hashLicenseFile(std::string_view value, LicenseDef& rule);
     std::optional<std::uint64_t> hashOf(const std::string& path);
     bool readLicenseType(std::string& value);
     bool readLicenseFile(std::string& value);
@@ -278,9 +280,9 @@ private:
     bool readRequired(std::string& value);
     bool readAssumeHidden(std::string& value);
     bool readAvailableReq(std::string& value);
-    bool filterRule(std::string& value);
-    bool prioritiesRule(std::string& value);
-    bool counterRule(std::string& value);
+    bool filterRule(std::string_view value);
+    bool prioritiesRule(std::string_view value);
+    bool counterRule(std::string_view value);
     bool readSuspendTimeoutAction(std::string& value);
     bool readMethod(std::string& value);
     bool readAdditionalOption(std::string& value);
@@ -292,6 +294,8 @@ private:
 
     /// The expression of the rule that is being read. Holds views into the line.
     RuleExpression expression;
+    /// The value of a plain key, as its reader leaves it.
+    std::string plainValue;
 
 protected:
     // Kept from one file to the next.

@@ -11,7 +11,7 @@ namespace Tarvik {
 // [type=include|exclude,exe=pattern,...]: type and exe are required. The order of the checks
 // decides which fault is reported, since the first one of `type`, `exe` and the booleans ends the
 // rule.
-bool HandleValidator::executablesRule(std::string& value) {
+bool HandleValidator::executablesRule(std::string_view value) {
     enum Parameter : std::size_t { Type, Exe, Args, Child, ChildArgs, ChildOnly, Required };
     static constexpr auto names = std::to_array<std::string_view>(
         {"type", "exe", "args", "child", "child-args", "child-only", "required"});

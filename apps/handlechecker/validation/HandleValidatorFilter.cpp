@@ -110,7 +110,7 @@ bool HandleValidator::isListParameter(std::string_view name) {
     return (FilterParameters::Lists >> FilterParameters::Form.names.numberOf(name) & 1U) != 0;
 }
 
-bool HandleValidator::filterRule(std::string& value) {
+bool HandleValidator::filterRule(std::string_view value) {
     if (!readParameters(FilterParameters::Form, value)) return false;
 
     FilterDef rule;

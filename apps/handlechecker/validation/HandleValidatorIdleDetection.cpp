@@ -9,7 +9,7 @@ namespace Tarvik {
 
 // [threshold=number,weight=number], in the block `counters`. Its keys share the list of seen keys
 // with the section, and are not checked as names of rules: only the four counters are known.
-bool HandleValidator::counterRule(std::string& value) {
+bool HandleValidator::counterRule(std::string_view value) {
     enum Parameter : std::size_t { Threshold, Weight };
     static constexpr auto names = std::to_array<std::string_view>({"threshold", "weight"});
     static constexpr RuleForm form = {.failure = messages::invalidValue,

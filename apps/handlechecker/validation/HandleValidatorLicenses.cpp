@@ -146,7 +146,7 @@ bool HandleValidator::readAvailableReq(std::string& value) {
     return true;
 }
 
-bool HandleValidator::licensesRule(std::string& value) {
+bool HandleValidator::licensesRule(std::string_view value) {
     enum Parameter : std::size_t { LicenseFile, Vendor, Feature, Version, Certain };
     static constexpr auto names = std::to_array<std::string_view>(
         {"license-file", "vendor", "feature", "version", "certain"});
@@ -180,7 +180,7 @@ bool HandleValidator::licensesRule(std::string& value) {
 
 // Quirk: done under any type, and also when the checks for files are off.
 // Quirk: the messages show the whole expression of the rule, not its key.
-bool HandleValidator::hashLicenseFile(const std::string& value, LicenseDef& rule) {
+bool HandleValidator::hashLicenseFile(std::string_view value, LicenseDef& rule) {
     if (licenseFile.empty()) return report(messages::fill(messages::noLicenseFileYet, {value}));
     if (!licenseFileHash) licenseFileHash = hashOf(licenseFile);
     if (!licenseFileHash) {

@@ -17,32 +17,31 @@ namespace Tarvik {
 namespace {
 
 // The last "#" starts the comment, and there is no quoting: a "#" in a value always cuts.
-void cutComment(std::string& line) {
+std::string_view withoutComment(std::string_view line) {
     // Forwards first: most lines have none, and looking for it backwards is slow.
-    if (line.find('#') == std::string::npos) return;
-    line.erase(line.rfind('#'));
-    StringTools::trimRight(line);
+    if (line.find('#') == std::string_view::npos) return line;
+    return StringTools::trimmedRight(line.substr(0, line.rfind('#')));
 }
 
 }  // namespace
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 int HandleValidator::parseLine(std::string line) {
-    std::string content;
-    return takeContent(line, content) ? takeLine(content) : LineAccepted;
+    const std::string_view content = contentOf(line);
+    return content.empty() ? LineAccepted : takeLine(content);
 }
 
-// Copies the line without its outer blanks. False for a blank line and for a comment.
-bool HandleValidator::takeContent(std::string_view raw, std::string& line) {
-    line = StringTools::trimmed(raw);
-    return !line.empty() && line.front() != '#';
+// The line without its outer blanks; empty for a comment.
+std::string_view HandleValidator::contentOf(std::string_view raw) {
+    const std::string_view line = StringTools::trimmed(raw);
+    return line.starts_with('#') ? std::string_view() : line;
 }
 
-int HandleValidator::takeLine(std::string& line) {
+int HandleValidator::takeLine(std::string_view line) {
     // Process-wide. It is set on entering each section, so a stale one is never used.
     static ParseObject parseobject = NoObject;
 
-    cutComment(line);
+    line = withoutComment(line);
     switch (state) {
     case OutsideHandle: return inOutsideHandle(line);
     case ExpectHandleBrace: return expectBrace(line, InHandle);
@@ -56,7 +55,7 @@ int HandleValidator::takeLine(std::string& line) {
 }
 
 // "handle" -> ExpectHandleBrace, accepted | "{" -> InHandle, rejected | else stays, rejected
-int HandleValidator::inOutsideHandle(const std::string& line) {
+int HandleValidator::inOutsideHandle(std::string_view line) {
     if (line == "handle") return moveTo(ExpectHandleBrace);
     if (line == "{") {
         state = InHandle;
@@ -67,21 +66,21 @@ int HandleValidator::inOutsideHandle(const std::string& line) {
 
 // "{" -> next, accepted | else stays, rejected
 // Quirk: all lines up to the next "{" are rejected, each with a report.
-int HandleValidator::expectBrace(const std::string& line, LineState next) {
+int HandleValidator::expectBrace(std::string_view line, LineState next) {
     if (line == "{") return moveTo(next);
     return rejectLine(messages::fill(messages::expectingBrace, {line}));
 }
 
 // "}" -> OutsideHandle, closed | with "=" a key line | a section word -> ExpectSectionBrace
 // "{" -> InSection, rejected | else stays, rejected
-int HandleValidator::inHandle(std::string& line, ParseObject& parseobject) {
+int HandleValidator::inHandle(std::string_view line, ParseObject& parseobject) {
     if (line == "}") {
         // Quirk: a second handle may follow, and continues with the data of the first.
         state = OutsideHandle;
         return HandleClosed;
     }
-    if (line.find('=') != std::string::npos) return keyLineInHandle(line);
-    parseobject = getParseObject(line);
+    if (line.find('=') != std::string_view::npos) return keyLineInHandle(line);
+    parseobject = findSection(line);
     if (parseobject != NoObject) return openSection();
     if (line == "{") {
         // A section without a word: its lines are rejected without a report, up to its "}".
@@ -101,37 +100,37 @@ int HandleValidator::openSection() {
     return LineAccepted;
 }
 
-int HandleValidator::keyLineInHandle(const std::string& line) {
-    std::string value = line;
-    keyLineDivider(value);
+int HandleValidator::keyLineInHandle(std::string_view line) {
+    std::string_view value = line;
+    takeKey(value);
     if (currentKey != NameKey) return rejectLine(messages::fill(messages::invalidElement, {line}));
     if (!name.empty()) return rejectLine(messages::fill(messages::duplicateName));
     if (value.empty()) return rejectLine(messages::fill(messages::blankName));
-    name = std::move(value);
+    name = value;
     nameLine = lineNumber;
     return LineAccepted;
 }
 
 // "}" -> InHandle, accepted | a section word -> ExpectSectionBrace, rejected | else the section's
-int HandleValidator::inSection(std::string& line, ParseObject& parseobject) {
+int HandleValidator::inSection(std::string_view line, ParseObject& parseobject) {
     if (line == "}") {
         parseobject = NoObject;
         return moveTo(InHandle);
     }
-    const ParseObject next = getParseObject(line);
+    const ParseObject next = findSection(line);
     if (next != NoObject) {
         // Treated as a forgotten "}": the new section opens at once.
         parseobject = next;
         state = ExpectSectionBrace;
         return rejectLine(messages::fill(messages::braceMissingBeforeSection, {line}));
     }
-    return parseObjectChecker(parseobject, line) ? LineAccepted : LineRejected;
+    return readSectionLine(parseobject, line) ? LineAccepted : LineRejected;
 }
 
 // "}" -> InSection, accepted | else the section's
-int HandleValidator::inSubsection(std::string& line, ParseObject& parseobject) {
+int HandleValidator::inSubsection(std::string_view line, ParseObject& parseobject) {
     if (line == "}") return moveTo(InSection);
-    return parseObjectChecker(parseobject, line) ? LineAccepted : LineRejected;
+    return readSectionLine(parseobject, line) ? LineAccepted : LineRejected;
 }
 
 int HandleValidator::moveTo(LineState next) {

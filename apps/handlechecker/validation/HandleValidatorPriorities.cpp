@@ -10,7 +10,7 @@ namespace Tarvik {
 
 // [host=text,user=text,group=text,priority=word], all optional. A repeated key is reported, and
 // adds a second record.
-bool HandleValidator::prioritiesRule(std::string& value) {
+bool HandleValidator::prioritiesRule(std::string_view value) {
     enum Parameter : std::size_t { Host, User, Group, Priority };
     static constexpr auto names =
         std::to_array<std::string_view>({"host", "user", "group", "priority"});

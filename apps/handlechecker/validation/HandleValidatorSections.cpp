@@ -32,13 +32,15 @@ struct HandleValidator::PlainKey {
 // What tells the sections apart. All are read by readSectionLine, so a new section is a row here
 // and, if it has rules, a function that reads one.
 struct HandleValidator::Section {
+    using RuleReader = bool (HandleValidator::*)(std::string_view expression);
+
     std::string_view word;
     std::span<const PlainKey> keys = {};
     std::vector<std::string> HandleData::*seen = nullptr;  // The plain keys so far.
-    PlainKey::Reader rule = nullptr;                       // Null: other keys are faults.
+    RuleReader rule = nullptr;                             // Null: other keys are faults.
     std::uint32_t HandleData::*headLine = nullptr;         // Null: not kept.
     std::string_view block = {};                           // The head of a nested block.
-    PlainKey::Reader blockRule = nullptr;
+    RuleReader blockRule = nullptr;
 };
 
 struct HandleValidator::SectionTable {
@@ -122,52 +124,64 @@ struct HandleValidator::SectionTable {
 };
 
 HandleValidator::ParseObject HandleValidator::getParseObject(std::string& word) {
+    return findSection(word);
+}
+
+HandleValidator::ParseObject HandleValidator::findSection(std::string_view word) {
     constexpr const auto& rows = SectionTable::Rows;
     const auto* const row = std::find_if(
         rows.begin(), rows.end(), [&word](const Section& section) { return section.word == word; });
     if (row == rows.end()) return NoObject;
     if (row->headLine != nullptr) this->*row->headLine = static_cast<std::uint32_t>(lineNumber);
-    checkMultipleSectionItems(sectionsSeen, word);
+    std::string seen(word);
+    checkMultipleSectionItems(sectionsSeen, seen);
     return static_cast<ParseObject>(std::distance(rows.begin(), row) + 1);
 }
 
 bool HandleValidator::parseObjectChecker(ParseObject& object, std::string& line) {
-    if (object <= NoObject || object > Priorities) return false;
-    return readSectionLine(object, line);
+    return parseSection(object, line);
 }
 
 bool HandleValidator::parseExecutables(std::string& line) {
-    return readSectionLine(Executables, line);
+    return parseSection(Executables, line);
 }
 
 bool HandleValidator::parseLicenses(std::string& line) {
-    return readSectionLine(Licenses, line);
+    return parseSection(Licenses, line);
 }
 
 bool HandleValidator::parseIdleDetection(std::string& line) {
-    return readSectionLine(IdleDetection, line);
+    return parseSection(IdleDetection, line);
 }
 
 bool HandleValidator::parseOptimization(std::string& line) {
-    return readSectionLine(Optimization, line);
+    return parseSection(Optimization, line);
 }
 
 bool HandleValidator::parseCPUOveruse(std::string& line) {
-    return readSectionLine(CpuOveruse, line);
+    return parseSection(CpuOveruse, line);
 }
 
 bool HandleValidator::parseFilter(std::string& line) {
-    return readSectionLine(Filter, line);
+    return parseSection(Filter, line);
 }
 
 bool HandleValidator::parsePriorities(std::string& line) {
-    return readSectionLine(Priorities, line);
+    return parseSection(Priorities, line);
+}
+
+bool HandleValidator::parseSection(ParseObject object, std::string& line) {
+    std::string_view rest = line;
+    const bool good = readSectionLine(object, rest);
+    line = std::string(rest);
+    return good;
 }
 
 // line = block head | key "=" value, where the key is a plain key or, in a section with rules, that
 // of a rule. In a nested block each key belongs to the block's rule. In any other position of the
 // line machine the value is not looked at.
-bool HandleValidator::readSectionLine(ParseObject object, std::string& line) {
+bool HandleValidator::readSectionLine(ParseObject object, std::string_view& line) {
+    if (object <= NoObject || object > Priorities) return false;
     const Section& section = SectionTable::Rows[static_cast<std::size_t>(object) - 1];
     if (section.blockRule != nullptr && line == section.block) {
         // Quirk: a head inside the block counts too and leads the line machine past its last state.
@@ -182,7 +196,10 @@ bool HandleValidator::readSectionLine(ParseObject object, std::string& line) {
     if (state != InSection) return true;
     if (const PlainKey* const key = findKey(section)) {
         checkMultipleSectionItems(this->*section.seen, currentKey);
-        return readPlainKey(*key, line);
+        plainValue = line;
+        const bool good = readPlainKey(*key, plainValue);
+        line = plainValue;
+        return good;
     }
     if (section.rule == nullptr) return reportUnknownKey(section.word);
     return startRule(section) && (this->*section.rule)(line);

@@ -39,8 +39,6 @@ constexpr auto accessTraits = std::to_array<AccessTraits>({
 constexpr auto seekOrigins = std::to_array<int>({SEEK_SET, SEEK_END, SEEK_CUR});
 
 constexpr mode_t newFilePermissions = 0666;
-// Fills in a row without a byte that count as the end of the file.
-constexpr int fillsUntilEnd = 2;
 
 const AccessTraits& traitsOf(FileAccessMode mode) {
     return accessTraits[static_cast<std::size_t>(mode)];
@@ -131,6 +129,7 @@ void BasicFile::close() {
     if (isClosed()) return;
     stream.reset();
     accessMode = AccessClosed;
+    emptyBuffer();
 }
 
 std::string BasicFile::readLine() {
@@ -180,11 +179,6 @@ std::string BasicFile::read(long long count) {
     std::string bytes;
     read(bytes, count);
     return bytes;
-}
-
-bool BasicFile::atEof(FileOperation /*op*/) {
-    if (!isReadable() || emptyFills >= fillsUntilEnd) return true;
-    return size <= streamPos - static_cast<std::int64_t>(unreadBytes());
 }
 
 bool BasicFile::seek(long long offset, FilePosBase base, FileOperation /*op*/) {
@@ -295,6 +289,7 @@ bool BasicFile::fillBuffer() {
     bufferEnd = std::fread(buffer.data(), 1, wanted, stream.get());
     streamPos += static_cast<std::int64_t>(bufferEnd);
     bufferHoldsReturns = std::memchr(buffer.data(), '\r', bufferEnd) != nullptr;
+    fillFailed = readFailed();
     emptyFills = bufferEnd == 0 ? emptyFills + 1 : 0;
     return bufferEnd > 0;
 }

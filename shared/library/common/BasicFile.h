@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tarvik {
@@ -94,6 +95,9 @@ public:
     std::string readLine();
     /// The same into a string, whose memory is used again. Returns false on failure.
     bool readLine(std::string& line);
+    /// The same without a copy, where the line lies in the buffer as a whole and the buffer has no
+    /// carriage return; another line is read into `spare`. The view holds until the next operation.
+    std::string_view viewLine(std::string& spare);
     /// Replaces `out` by the next `count` bytes, or fewer at the end of the file. Returns false if
     /// the file is not readable or a read fails; `out` then holds the bytes before the failure.
     bool read(std::string& out, long long count);
@@ -139,6 +143,8 @@ public:
 private:
     static constexpr std::size_t BufferSize = 1024;
     static constexpr std::size_t StreamBufferSize = 16384;
+    /// Fills in a row without a byte that count as the end of the file.
+    static constexpr int FillsUntilEnd = 2;
 
     struct StreamCloser {
         void operator()(std::FILE* stream) const;
@@ -170,11 +176,33 @@ private:
     std::array<char, BufferSize> buffer{};
     std::uint64_t bufferPos = 0;      ///< Index of the next unread byte.
     std::uint64_t bufferEnd = 0;      ///< Behind the last byte.
-    bool bufferHoldsReturns = false;  ///< If not, lines are copied without a look at their bytes.
+    bool bufferHoldsReturns = false;  ///< If not, lines are taken without a look at their bytes.
+    bool fillFailed = false;          ///< The last one.
     /// The stream's position, behind the buffered bytes.
     std::int64_t streamPos = 0;
     /// Fills in a row that brought no byte.
     int emptyFills = 0;
 };
+
+// Inline, since each line of a large file passes through both.
+inline std::string_view BasicFile::viewLine(std::string& spare) {
+    // Only what was read lies in the buffer: whatever is not a reading empties it.
+    const std::string_view unread(buffer.data() + bufferPos, unreadBytes());
+    const std::size_t end = unread.find('\n');
+    // After a failed fill, each line of the buffer is a failure, too.
+    if (end == std::string_view::npos || bufferHoldsReturns || fillFailed) {
+        readLine(spare);
+        return spare;
+    }
+    lastError = FileNoError;
+    bufferPos += end + 1;
+    return unread.substr(0, end);
+}
+
+inline bool BasicFile::atEof(FileOperation /*op*/) {
+    if (accessMode != AccessRead && !isReadable()) return true;
+    return emptyFills >= FillsUntilEnd ||
+           size <= streamPos - static_cast<std::int64_t>(unreadBytes());
+}
 
 }  // namespace Tarvik

@@ -1,5 +1,6 @@
 #include "shared/library/common/BasicFile.h"
 
+#include "test/support/FileFaults.h"
 #include "test/support/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <tuple>
 #include <vector>
@@ -22,6 +24,14 @@ Lines readAll(BasicFile& file) {
     Lines lines;
     while (!file.atEof(OperationAny))
         lines.push_back(file.readLine());
+    return lines;
+}
+
+Lines viewAll(BasicFile& file) {
+    Lines lines;
+    std::string spare;
+    while (!file.atEof(OperationAny))
+        lines.emplace_back(file.viewLine(spare));
     return lines;
 }
 
@@ -43,6 +53,9 @@ const auto lineCases = std::to_array<LineCase>({
     {"a line may span buffers", std::string(3000, 'x') + "\ny", {std::string(3000, 'x'), "y"}},
     {"a line may end with the buffer", almostABuffer + "\ny", {almostABuffer, "y"}},
     {"a zero byte is a byte", zeroByte + "\n", {zeroByte}},
+    {"lines lie in the buffer, or lead out of it",
+     "a\n\nb\n" + almostABuffer + "\nc\n",
+     {"a", "", "b", almostABuffer, "c"}},
 });
 
 TEST(BasicFileTest, LinesAreReadWithoutTheirEnds) {
@@ -52,7 +65,29 @@ TEST(BasicFileTest, LinesAreReadWithoutTheirEnds) {
         ASSERT_TRUE(file.open(dir.write("lines", bytes), AccessRead)) << name;
         EXPECT_EQ(readAll(file), lines) << name;
         EXPECT_EQ(file.getLastError(), FileNoError) << name;
+        EXPECT_TRUE(file.seek(0, FromStart, OperationRead)) << name;
+        EXPECT_EQ(viewAll(file), lines) << name;
     }
+}
+
+TEST(BasicFileTest, AViewFailsWhereALineDoes) {
+    const tarvik_test::TempDir dir;
+    const std::string path = dir.write("lines", "one\ntwo\nthree and more\n");
+    std::string spare;
+    BasicFile file;
+    ASSERT_TRUE(file.open(path, AccessRead));
+    EXPECT_EQ(file.viewLine(spare), "one");
+    EXPECT_EQ(file.viewLine(spare), "two");
+    file.close();
+    EXPECT_EQ(errorAfter(file, !file.viewLine(spare).empty()), FileNotReadable);
+
+    ASSERT_TRUE(file.open(path, AccessRead));
+    tarvik_test::FileFaults faults;
+    faults.shortAt(1, EIO, "fread");
+    EXPECT_EQ(errorAfter(file, !file.readLine().empty()), FileReadFailed);
+    EXPECT_EQ(errorAfter(file, !file.viewLine(spare).empty()), FileReadFailed) << "the same buffer";
+    EXPECT_TRUE(file.seek(0, FromStart, OperationRead));
+    EXPECT_EQ(file.viewLine(spare), "one");
 }
 
 TEST(BasicFileTest, EachWrongUseHasItsCode) {
