@@ -256,7 +256,8 @@ private:
     bool takeParameter(const RuleForm& form, std::size_t number, Text& out, bool required);
     bool reportIfRequired(std::string_view name, bool required);
 
-    // Values of plain keys.
+    // Values.
+    bool readFlag(std::string_view value, bool& out);
     bool readNumber(const std::string& value, double& out);
     /// The trimmed parts between commas. Empty parts are dropped; one of blanks only is kept, as
     /// "".
@@ -266,9 +267,9 @@ private:
 
     // Rules and keys of single sections.
     bool executablesRule(std::string_view value);
-    bool storeExecutablesRule(ExePatternDef rule);
+    bool noteExecutablesRule(const ExePatternDef& rule);
     bool licensesRule(std::string_view value);
-    bool hashLicenseFile(std::string_view value, LicenseDef& rule);
+    bool hashLicenseFile(std::string_view value, std::uint64_t& hash);
     std::optional<std::uint64_t> hashOf(const std::string& path);
     bool readLicenseType(std::string& value);
     bool readLicenseFile(std::string& value);

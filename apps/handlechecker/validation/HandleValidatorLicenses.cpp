@@ -154,39 +154,43 @@ bool HandleValidator::licensesRule(std::string_view value) {
                                       .names = ParameterNames(names)};
     if (!readParameters(form, value)) return false;
 
-    LicenseDef rule;
-    std::string_view hashWanted;
-    std::string certain;
-    takeParameter(form, LicenseFile, hashWanted, false);
-    takeParameter(form, Vendor, rule.vendor, false);
-    takeParameter(form, Feature, rule.feature, false);
-    takeParameter(form, Version, rule.version, false);
-    takeParameter(form, Certain, certain, false);
-
+    const std::string_view hashWanted = expression.textOf(LicenseFile);
+    const std::string_view vendor = expression.textOf(Vendor);
+    const std::string_view feature = expression.textOf(Feature);
+    const std::string_view version = expression.textOf(Version);
+    const std::string_view certain = expression.textOf(Certain);
     // Quirk: any text in any parameter is enough: "certain=no" or "license-file=Yes" alone pass.
-    if (licenseType != NoLicenses && hashWanted.empty() && rule.vendor.empty() &&
-        rule.feature.empty() && rule.version.empty() && certain.empty()) {
+    if (licenseType != NoLicenses && hashWanted.empty() && vendor.empty() && feature.empty() &&
+        version.empty() && certain.empty()) {
         return report(messages::fill(messages::blankLicense, {licenseTypeText}));
     }
+    // Quirk: a bad value is reported, but the rule is kept.
+    bool isCertain = false;
+    readFlag(certain, isCertain);
+    std::uint64_t hash = 0;
+    if ((hashWanted == "yes" || hashWanted == "true") && !hashLicenseFile(value, hash))
+        return false;
+
+    LicenseDef& rule = licenses.emplace_back();
+    rule.fileHash = hash;
+    rule.vendor = vendor;
+    rule.feature = feature;
+    rule.version = version;
+    rule.certain = isCertain;
     StringTools::makeLower(rule.vendor);
     StringTools::makeLower(rule.feature);
-    // Quirk: a bad value is reported, but the rule is kept.
-    trueOrFalse(certain, rule.certain);
-    if ((hashWanted == "yes" || hashWanted == "true") && !hashLicenseFile(value, rule))
-        return false;
-    licenses.push_back(std::move(rule));
     return true;
 }
 
 // Quirk: done under any type, and also when the checks for files are off.
 // Quirk: the messages show the whole expression of the rule, not its key.
-bool HandleValidator::hashLicenseFile(std::string_view value, LicenseDef& rule) {
+bool HandleValidator::hashLicenseFile(std::string_view value, std::uint64_t& hash) {
     if (licenseFile.empty()) return report(messages::fill(messages::noLicenseFileYet, {value}));
     if (!licenseFileHash) licenseFileHash = hashOf(licenseFile);
     if (!licenseFileHash) {
         return report(messages::fill(messages::licenseFileUnreadable, {licenseFile, value}));
     }
-    rule.fileHash = *licenseFileHash;
+    hash = *licenseFileHash;
     return true;
 }
 

@@ -4,7 +4,7 @@
 #include "apps/handlechecker/validation/HandleValidator.h"
 
 #include <array>
-#include <utility>
+#include <string>
 
 namespace Tarvik {
 
@@ -18,22 +18,18 @@ bool HandleValidator::prioritiesRule(std::string_view value) {
                                       .names = ParameterNames(names)};
     if (!readParameters(form, value)) return false;
 
-    PriorityDef rule;
+    const std::string word(expression.textOf(Priority));
+    const int priority = mapPriority(word);
+    if (priority == UnknownPriority && !word.empty()) {
+        return report(messages::fill(messages::invalidPriority, {word}));
+    }
+    PriorityDef& rule = priorities.emplace_back();
     rule.name = currentKey;
-    std::string word;
     // Quirk: an empty value empties its field; it does not fall back to "*".
     takeParameter(form, Host, rule.host, false);
     takeParameter(form, User, rule.user, false);
     takeParameter(form, Group, rule.group, false);
-    takeParameter(form, Priority, word, false);
-
-    if (!word.empty()) {
-        rule.priority = mapPriority(word);
-        if (rule.priority == UnknownPriority) {
-            return report(messages::fill(messages::invalidPriority, {word}));
-        }
-    }
-    priorities.push_back(std::move(rule));
+    if (!word.empty()) rule.priority = priority;
     return true;
 }
 

@@ -84,7 +84,7 @@ template <typename Text>
 bool HandleValidator::takeParameter(const RuleForm& form, std::size_t number, Text& out,
                                     bool required) {
     const std::string_view* const value = expression.valueOf(number);
-    if (value == nullptr) return reportIfRequired(form.names[number], required);
+    if (value == nullptr) return !required || reportIfRequired(form.names[number], required);
     out = *value;
     return true;
 }

@@ -48,6 +48,10 @@ std::string_view takeLastField(std::string_view& text, char separator) {
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 bool HandleValidator::trueOrFalse(std::string value, bool& out) {
+    return readFlag(value, out);
+}
+
+bool HandleValidator::readFlag(std::string_view value, bool& out) {
     if (value.empty()) return true;
     if (value == "true" || value == "yes") {
         out = true;

@@ -58,6 +58,11 @@ public:
     [[nodiscard]] const std::string_view* valueOf(std::size_t number) const {
         return (seen >> number & 1U) != 0 ? &found[first[number]].second : nullptr;
     }
+    /// The same, or an empty text.
+    [[nodiscard]] std::string_view textOf(std::size_t number) const {
+        const std::string_view* const value = valueOf(number);
+        return value != nullptr ? *value : std::string_view();
+    }
     /// Calls `reader` with each value of that number, in the order of writing, up to the first for
     /// which it returns false. Returns the last result, or true.
     template <typename Reader>
