@@ -21,6 +21,9 @@ namespace {
 // The whole text of a valid handle. A handle is also recognised as valid by it.
 constexpr std::string_view validHandleText = "{}\n";
 
+// Bytes, at most.
+constexpr std::size_t pieceSize = 65536;
+
 // Quirk: the first ".conf" of the whole path is replaced, even in the name of a directory.
 std::string jsonPathOf(const std::string& path) {
     constexpr std::string_view handleSuffix = ".conf";
@@ -56,9 +59,19 @@ std::string HandleChecker::renderErrors(const ValidationResult& result) const {
     return nested ? jsonText(result.errors, result.path) : jsonText(result.errors);
 }
 
+// Most texts are short, and each output is a call of the system, so they leave in pieces.
 void HandleChecker::showResultInConsole() {
-    for (const auto& [path, text] : jsonResults)
+    std::string piece;
+    for (const auto& [path, text] : jsonResults) {
+        if (piece.size() + text.size() <= pieceSize) {
+            piece += text;
+            continue;
+        }
+        output(piece, false);
         output(text, false);
+        piece.clear();
+    }
+    output(piece, false);
 }
 
 void HandleChecker::createJsonFiles() {
