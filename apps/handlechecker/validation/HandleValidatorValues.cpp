@@ -97,7 +97,7 @@ long HandleValidator::getHMS(const std::string& value) {
     long sum = 0;
     std::string_view rest = value;
     // The value of a text without any field.
-    scratchValue = "0";
+    scratchValue.assign(1, '0');
     for (std::size_t i = 0;; ++i) {
         const std::string_view field = takeLastField(rest, ':');
         if (field.empty()) return sum;
