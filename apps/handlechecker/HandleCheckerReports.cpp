@@ -47,10 +47,13 @@ std::string invalidHandleLine(const std::string& path, long count) {
 }  // namespace
 
 void HandleChecker::parseResultsToJsonFormat() {
+    // The end is tried first: the files of a directory come in the order of their paths.
     for (const ValidationResult& result : results) {
-        errorCounts[result.path] = static_cast<long>(result.errors.size());
-        jsonResults[result.path] =
-            result.errors.empty() ? std::string(validHandleText) : renderErrors(result);
+        const auto count = static_cast<long>(result.errors.size());
+        errorCounts.insert_or_assign(errorCounts.end(), result.path, count);
+        jsonResults.insert_or_assign(
+            jsonResults.end(), result.path,
+            result.errors.empty() ? std::string(validHandleText) : renderErrors(result));
     }
 }
 

@@ -243,6 +243,7 @@ private:
     const PlainKey* findKey(const Section& section) const;
     bool readPlainKey(const PlainKey& key, std::string& value);
     bool startRule(const Section& section);
+    void noteRuleKey(std::string_view section, std::string_view key);
     bool reportUnknownKey(std::string_view section);
     bool readParameters(const RuleForm& form, std::string_view value);
     bool readExpression(std::string_view text);

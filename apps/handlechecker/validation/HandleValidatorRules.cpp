@@ -127,10 +127,15 @@ bool HandleValidator::checkInvalidRule(std::string& key) {
     return good || report(messages::fill(messages::invalidRuleName, {key}));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a settled signature.
 void HandleValidator::checkSimilarRules(std::string section, std::string& key) {
+    noteRuleKey(section, key);
+}
+
+void HandleValidator::noteRuleKey(std::string_view section, std::string_view key) {
     if (section != lastRuleSection) {
         RuleNums.clear();
-        lastRuleSection = std::move(section);
+        lastRuleSection = section;
     }
     if (!RuleNums.insert(key)) report(messages::fill(messages::multipleDefinition, {key}));
 }

@@ -38,6 +38,7 @@ struct HandleValidator::Section {
     std::span<const PlainKey> keys = {};
     std::vector<std::string> HandleData::*seen = nullptr;  // The plain keys so far.
     RuleReader rule = nullptr;                             // Null: other keys are faults.
+    std::string_view ruleSection = {};                     // What the keys of rules are kept under.
     std::uint32_t HandleData::*headLine = nullptr;         // Null: not kept.
     std::string_view block = {};                           // The head of a nested block.
     RuleReader blockRule = nullptr;
@@ -104,11 +105,13 @@ struct HandleValidator::SectionTable {
          .keys = ExecutablesKeys,
          .seen = &HandleData::executablesItems,
          .rule = &Self::executablesRule,
+         .ruleSection = "Executables",
          .headLine = &HandleData::executablesLine},
         {.word = "licenses",
          .keys = LicensesKeys,
          .seen = &HandleData::licensesItems,
          .rule = &Self::licensesRule,
+         .ruleSection = "Licenses",
          .headLine = &HandleData::licensesLine},
         {.word = "idle-detection",
          .keys = IdleDetectionKeys,
@@ -117,8 +120,8 @@ struct HandleValidator::SectionTable {
          .blockRule = &Self::counterRule},
         {.word = "optimization", .keys = OptimizationKeys, .seen = &HandleData::optimizationItems},
         {.word = "cpu-overuse", .keys = CpuOveruseKeys, .seen = &HandleData::cpuOveruseItems},
-        {.word = "filter", .rule = &Self::filterRule},
-        {.word = "priorities", .rule = &Self::prioritiesRule},
+        {.word = "filter", .rule = &Self::filterRule, .ruleSection = "Filter"},
+        {.word = "priorities", .rule = &Self::prioritiesRule, .ruleSection = "Priorities"},
     });
     static_assert(Rows.size() == Priorities);
 };
@@ -238,10 +241,7 @@ bool HandleValidator::readPlainKey(const PlainKey& key, std::string& value) {
 // Quirk: the key of a rule that is rejected later counts as seen.
 bool HandleValidator::startRule(const Section& section) {
     if (!checkInvalidRule(currentKey)) return false;
-    // Sections with rules are kept under their word with a capital.
-    std::string name(section.word);
-    name.front() = static_cast<char>(name.front() - 'a' + 'A');
-    checkSimilarRules(std::move(name), currentKey);
+    noteRuleKey(section.ruleSection, currentKey);
     return true;
 }
 

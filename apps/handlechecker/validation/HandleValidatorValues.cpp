@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdlib>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 namespace Tarvik {
@@ -30,8 +32,11 @@ bool holdsOnlyDigits(std::string_view text) {
 
 // The low bytes of the number; one beyond a long counts as the largest long.
 template <typename T>
-T cutNumber(const std::string& digits) {
-    return static_cast<T>(std::strtol(digits.c_str(), nullptr, 10));
+T cutNumber(std::string_view digits) {
+    long number = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (read.ec == std::errc::result_out_of_range) number = std::numeric_limits<long>::max();
+    return static_cast<T>(number);
 }
 
 // Removes the last non-empty field from the text and returns it; empty if there is none.
@@ -107,7 +112,7 @@ long HandleValidator::getHMS(const std::string& value) {
             report(messages::fill(messages::invalidValueOf, {field}));
             return 0;
         }
-        sum += cutNumber<std::int32_t>(scratchValue) * resolution[i];
+        sum += cutNumber<std::int32_t>(field) * resolution[i];
     }
 }
 
