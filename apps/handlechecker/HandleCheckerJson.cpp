@@ -23,52 +23,21 @@ struct Layout {
 };
 
 constexpr Layout flatLayout{
-    .beforeFirstError =
-        "{\n"
-        "   \"Error\" : [\n"
-        "      {\n"
-        "         \"line\" : ",
-    .beforeMessage =
-        ",\n"
-        "         \"message\" : ",
-    .betweenErrors =
-        "\n"
-        "      },\n"
-        "      {\n"
-        "         \"line\" : ",
-    .behindLastError =
-        "\n"
-        "      }\n"
-        "   ]\n"
-        "}\n",
+    .beforeFirstError = "{\n   \"Error\" : [\n      {\n         \"line\" : ",
+    .beforeMessage = ",\n         \"message\" : ",
+    .betweenErrors = "\n      },\n      {\n         \"line\" : ",
+    .behindLastError = "\n      }\n   ]\n}\n",
 };
 
 // The path and its own ending follow.
 constexpr Layout nestedLayout{
     .beforeFirstError =
-        "{\n"
-        "   \"Data\" : {\n"
-        "      \"Error\" : [\n"
-        "         {\n"
-        "            \"line\" : ",
-    .beforeMessage =
-        ",\n"
-        "            \"message\" : ",
-    .betweenErrors =
-        "\n"
-        "         },\n"
-        "         {\n"
-        "            \"line\" : ",
-    .behindLastError =
-        "\n"
-        "         }\n"
-        "      ],\n"
-        "      \"Path\" : ",
+        "{\n   \"Data\" : {\n      \"Error\" : [\n         {\n            \"line\" : ",
+    .beforeMessage = ",\n            \"message\" : ",
+    .betweenErrors = "\n         },\n         {\n            \"line\" : ",
+    .behindLastError = "\n         }\n      ],\n      \"Path\" : ",
 };
-constexpr std::string_view behindPath =
-    "\n"
-    "   }\n"
-    "}\n";
+constexpr std::string_view behindPath = "\n   }\n}\n";
 
 // The library has deprecated this writer, but its successor lays texts out differently.
 #pragma GCC diagnostic push
