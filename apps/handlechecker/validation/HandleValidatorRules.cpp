@@ -152,7 +152,7 @@ void HandleValidator::checkMultipleSectionItems(std::vector<std::string>& seen, 
 bool HandleValidator::readParameters(const RuleForm& form, std::string_view value) {
     if (!readExpression(value)) return report(messages::fill(form.failure, {value}));
     if (expression.number(form.names, form.mayRepeat)) return true;
-    // Only faults are told in the order of the names.
+    // Faults are reported in the order of the names.
     expression.sortByName();
     const auto& params = expression.parameters();
     return reportEach(messages::parameterNotSupported, unknownNames(params, form.names.all())) &&
